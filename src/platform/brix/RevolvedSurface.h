@@ -1,0 +1,49 @@
+#pragma once
+
+#include <array>
+#include <functional>
+
+#include "platform/brix/brixBBox.h"
+#include "platform/brix/brixBool.h"
+#include "platform/brix/brixEvaluation.h"
+#include "platform/brix/brixMatrix4x4.h"
+
+namespace qelvrml {
+
+/// An angle's range, in radians.
+struct Turn {
+  double From = 0.0;
+  double To = 0.0;
+};
+
+/// An arc of an ellipse: Centre + U * cos(t) + V * sin(t).
+struct Arc {
+  std::array<double, 3> Centre{};
+  std::array<double, 3> U{};
+  std::array<double, 3> V{};
+};
+
+/// A place on a surface, in local coordinates.
+struct SurfacePoint {
+  std::array<double, 3> Position{};
+  std::array<double, 3> Normal{};
+};
+
+/// Adds the exact extent of the part of an arc within `turn`, placed by `matrix`.
+void AddArc(brixBBox& box, const Arc& arc, const Turn& turn, const brixMatrix4x4& matrix);
+
+/// The arc of the radius `radius` about the Z axis at the height `z`, its angle measured from `start`.
+Arc CircleAboutZ(double radius, double z, const brixFloatPoint& centre, const brixVector& start);
+
+/// Steps that keep the chords of a circle within the tolerance over an angle; from 1 to a bound of some thousands.
+int ChordSteps(double radius, double angle, double chordTolerance);
+
+/// Largest factor by which the matrix stretches a local length along an axis.
+double LargestStretch(const brixMatrix4x4& matrix);
+
+/// Fills `result` with a grid of triangles over a surface of two parameters, both from 0 to 1, placed by `matrix`.
+/// Triangles without area, as at a pole, are left out.
+brixEReturn EvaluateSurface(const std::function<SurfacePoint(double, double)>& surface, int turnSteps, int alongSteps,
+                            const brixMatrix4x4& matrix, brixEvaluation& result);
+
+}  // namespace qelvrml

@@ -1,0 +1,17 @@
+#include "platform/brix/brixDot.h"
+
+void brixDot::ApplyMatrixToGeometry(const brixMatrix4x4& matrix, brixBool /*updateBox*/) {
+  Point = Point * matrix;
+}
+
+brixBBox brixDot::ComputeBBox() const {
+  brixBBox box;
+  box.Add(Point);
+  return box;
+}
+
+brixEReturn brixDot::Evaluate(double /*chordTolerance*/, brixEvaluation& result) const {
+  result = {};
+  result.Points.push_back(Point);
+  return brixEOK;
+}
