@@ -1,0 +1,85 @@
+#include "dictionary/NameIndexedList.h"
+
+namespace qelvrml {
+
+NameIndexedList& NameIndexedList::operator=(const NameIndexedList& other) {
+  if (this != &other) RemoveAll();
+  return *this;
+}
+
+void* NameIndexedList::FindKey(std::uint32_t key) {
+  if (OutOfDate) Rebuild();
+  const auto found = ByKey.find(key);
+  return found == ByKey.end() ? nullptr : found->second.First->Data;
+}
+
+void NameIndexedList::ForgetKey(void* data) {
+  const CBasicListElement* element = FindElement(data);
+  const std::optional<std::uint32_t> key = KeyOf ? KeyOf(data) : std::nullopt;
+  if (element && key) Leave(ByKey, *key, element);
+}
+
+CBasicListElement* NameIndexedList::FindElement(void* value) {
+  if (OutOfDate) Rebuild();
+  const auto found = ByData.find(value);
+  return found == ByData.end() ? nullptr : found->second.First;
+}
+
+bool NameIndexedList::AddTail(void* data) {
+  if (!CKelList::AddTail(data)) return false;
+  Enter(GetTailElement());
+  return true;
+}
+
+bool NameIndexedList::AddHead(void* data) {
+  OutOfDate = true;
+  return CKelList::AddHead(data);
+}
+
+bool NameIndexedList::InsertAfter(CBasicListElement* element, void* data) {
+  OutOfDate = true;
+  return CKelList::InsertAfter(element, data);
+}
+
+bool NameIndexedList::RemoveAll() {
+  ByKey.clear();
+  ByData.clear();
+  OutOfDate = false;
+  return CKelList::RemoveAll();
+}
+
+void NameIndexedList::ForgetElement(CBasicListElement* element) {
+  if (OutOfDate) return;
+  if (const std::optional<std::uint32_t> key = KeyOf ? KeyOf(element->Data) : std::nullopt) Leave(ByKey, *key, element);
+  Leave(ByData, element->Data, element);
+}
+
+template <class Map, class Key>
+void NameIndexedList::Leave(Map& index, const Key& key, const CBasicListElement* element) {
+  const auto found = index.find(key);
+  if (found == index.end()) return;
+  if (--found->second.Count == 0) {
+    index.erase(found);
+  } else if (found->second.First == element) {
+    OutOfDate = true;
+  }
+}
+
+void NameIndexedList::Rebuild() {
+  ByKey.clear();
+  ByData.clear();
+  OutOfDate = false;
+  CBasicListElement* place = GetCurrentElement();
+  for (CBasicListElement* element = GoToFirst(); element; element = GoToNext()) Enter(element);
+  SetCurrentElement(place);
+}
+
+void NameIndexedList::Enter(CBasicListElement* element) {
+  const auto enter = [element](Place& place) {
+    if (place.Count++ == 0) place.First = element;
+  };
+  enter(ByData[element->Data]);
+  if (const std::optional<std::uint32_t> key = KeyOf ? KeyOf(element->Data) : std::nullopt) enter(ByKey[*key]);
+}
+
+}  // namespace qelvrml

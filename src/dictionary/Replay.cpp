@@ -1,0 +1,94 @@
+// Replay: running the define operation of an entry again.
+
+#include "dictionary/CVRMLDictionarySeparator.h"
+#include "dictionary/GeometryEntries.h"
+#include "dictionary/PropertyEntries.h"
+#include "dictionary/SolidEntries.h"
+#include "dictionary/TransformEntries.h"
+#include "foundation/ScopedValue.h"
+#include "parser/CVRMLParser.h"
+#include "parser/Limits.h"
+
+bool CVRMLParser::ServiceDictionaryObject(CVRMLDictionaryEntry* entry) {
+  if (SkippingBlock || !entry) return false;
+  if (entry->Replaying) return true;  // a name that is used in its own definition
+  if (!SpendReplayCost(qelvrml::EntryReplayCost + CountCopies(*entry))) return false;
+  const qelvrml::ScopedValue<bool> replaying(entry->Replaying, true);
+  const qelvrml::ScopedValue<bool> update(AllowDictionaryUpdate, false);
+  return ReplayEntry(*entry);
+}
+
+// Takes what a replay or an expansion costs from what this load may spend; false if that isn't enough.
+bool CVRMLParser::SpendReplayCost(std::uint64_t cost) {
+  if (cost > qelvrml::MaximumReplayCost - ReplayCost) return false;
+  ReplayCost += cost;
+  return true;
+}
+
+// Points and indices that a replay copies.
+std::uint64_t CVRMLParser::CountCopies(CVRMLDictionaryEntry& entry) {
+  switch (entry.GetType()) {
+    case DictionaryEntryIndexedSet:
+      return std::uint64_t{2} * static_cast<CVRMLDictionaryIndexedSet&>(entry).GetCoordIndex().GetSize();
+    default: return 0;
+  }
+}
+
+bool CVRMLParser::ReplayEntry(CVRMLDictionaryEntry& entry) {
+  switch (entry.GetType()) {
+    case DictionaryEntrySeparator: return ReplaySeparator(static_cast<CVRMLDictionarySeparator&>(entry));
+    case DictionaryEntryCube: {
+      const auto& cube = static_cast<CVRMLDictionaryCube&>(entry);
+      return DefineCube(cube.GetWidth(), cube.GetHeight(), cube.GetDepth());
+    }
+    case DictionaryEntryCone: {
+      const auto& cone = static_cast<CVRMLDictionaryCone&>(entry);
+      return DefineCone(cone.GetBottomRadius(), cone.GetHeight(), cone.GetSide(), cone.GetBottom());
+    }
+    case DictionaryEntryCylinder: {
+      const auto& cylinder = static_cast<CVRMLDictionaryCylinder&>(entry);
+      return DefineCylinder(cylinder.GetRadius(), cylinder.GetHeight());
+    }
+    case DictionaryEntrySphere: return DefineSphere(static_cast<CVRMLDictionarySphere&>(entry).GetRadius());
+    case DictionaryEntryIndexedSet: {
+      auto& set = static_cast<CVRMLDictionaryIndexedSet&>(entry);
+      return DefineIndexedSet(set.GetIsFaceSet(), set.GetCoordIndex(), set.GetMaterialIndex(), set.GetNormalIndex());
+    }
+    case DictionaryEntryMaterial: {
+      auto& material = static_cast<CVRMLDictionaryMaterial&>(entry);
+      return DefineMaterial(material.GetAmbientColor(), material.GetDiffuseColor(), material.GetSpecularColor(),
+                            material.GetEmissiveColor(), material.GetShininess(), material.GetTransparency());
+    }
+    case DictionaryEntryMaterialBinding:
+      return DefineBinding(true, static_cast<CVRMLDictionaryBinding&>(entry).GetBinding());
+    case DictionaryEntryCoordinate:
+      return DefineCoordinate3(static_cast<CVRMLDictionaryCoordinate&>(entry).GetPoints());
+    case DictionaryEntryNormal: return DefineNormal(static_cast<CVRMLDictionaryNormal&>(entry).GetVectors());
+    case DictionaryEntryNormalBinding:
+      return DefineBinding(false, static_cast<CVRMLDictionaryBinding&>(entry).GetBinding());
+    case DictionaryEntryTransform: {
+      auto& transform = static_cast<CVRMLDictionaryTransform&>(entry);
+      return DefineTransform(transform.GetTranslation(), transform.GetScaleFactor(), transform.GetRotation(),
+                             transform.GetScaleOrientation(), transform.GetCenter());
+    }
+    case DictionaryEntryMatrix: return DefineMatrixTransform(static_cast<CVRMLDictionaryMatrix&>(entry).GetMatrix());
+    case DictionaryEntryRotation: return DefineRotation(static_cast<CVRMLDictionaryRotation&>(entry).GetMatrix());
+    case DictionaryEntryScale: return DefineScale(static_cast<CVRMLDictionaryScale&>(entry).GetScaleFactor());
+    case DictionaryEntryTranslation:
+      return DefineTranslation(static_cast<CVRMLDictionaryTranslation&>(entry).GetTranslation());
+    case DictionaryEntryUse: return DefineUse(entry.GetName());
+    default: return false;
+  }
+}
+
+bool CVRMLParser::ReplaySeparator(CVRMLDictionarySeparator& entry) {
+  const qelvrml::ScopedValue<CBasicString> name(EntityName, entry.GetName());
+  bool result = DefineSeparator();
+  if (!result) return false;
+  CKelList& children = entry.GetChildren();
+  for (CBasicListElement* child = children.GoToFirst(); child; child = child->Next) {
+    result = ServiceDictionaryObject(static_cast<CVRMLDictionaryEntry*>(child->Data)) && result;
+  }
+  PopSeparator();
+  return result;
+}

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <span>
+
+#include "platform/brix/brixIntArray.h"
+
+namespace qelvrml {
+
+/// One run of a run list.
+struct Run {
+  std::span<const int> Indices;
+  int First;  ///< position of the first index in the run list
+};
+
+/// Walks the runs of a run list: each is a count followed by that many indices. A count that is negative or goes beyond
+/// the list is cut. The list stays as it is meanwhile.
+class RunList {
+public:
+  explicit RunList(const brixIntArray& runs) : Places(runs.View()) {}
+
+  class Iterator {
+  public:
+    Iterator(std::span<const int> places, std::size_t place) : Places(places), Place(place) {}
+    Run operator*() const { return {Places.subspan(Place + 1, Count()), static_cast<int>(Place + 1)}; }
+    Iterator& operator++() {
+      Place += Count() + 1;
+      return *this;
+    }
+    bool operator!=(const Iterator& other) const { return Place != other.Place; }
+
+  private:
+    std::size_t Count() const {
+      return std::min(static_cast<std::size_t>(std::max(Places[Place], 0)), Places.size() - Place - 1);
+    }
+
+    std::span<const int> Places;
+    std::size_t Place;
+  };
+
+  Iterator begin() const { return {Places, 0}; }
+  Iterator end() const { return {Places, Places.size()}; }
+
+private:
+  std::span<const int> Places;
+};
+
+}  // namespace qelvrml

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <cstdint>
+
+/// What a file may make the library do. Beyond a limit the part of the file is left out in an orderly way.
+namespace qelvrml {
+
+/// ParseBlock calls inside one another: what fits on a stack of 1 MiB.
+inline constexpr int MaximumNesting = 500;
+/// Open separators: a replay recurses once for each.
+inline constexpr int MaximumOpenSeparators = 500;
+/// Cost of all replays and expansions of one load; at this bound a load takes seconds, whatever the file multiplies.
+inline constexpr std::uint64_t MaximumReplayCost = 268'435'456;
+/// What a recorded entry costs at each replay, beside what it copies.
+inline constexpr std::uint64_t EntryReplayCost = 64;
+
+}  // namespace qelvrml

@@ -1,0 +1,74 @@
+// Passing over nodes and blocks.
+
+#include "foundation/ScopedValue.h"
+#include "parser/CVRMLParser.h"
+#include "parser/Limits.h"
+
+void CVRMLParser::SkipBlock(GenericTokenTypes open, GenericTokenTypes close, bool advance) {
+  MoveUpToInterestingToken();
+  if (!GetCurrentTokenBeginType() && !GetNextTokenBeginType()) {
+    SkipByParsing();
+    return;
+  }
+  if (GetNextTokenDataType() != close) {
+    if (IOManager.FindBlockEnd(open, close)) IOManager.DecrementOffset();
+    Tokenize();
+  }
+  Tokenize();
+  if (advance) Tokenize();
+}
+
+// Behind a DEF or a USE the node is parsed with all effects off. Where it ended is remembered, so that nodes inside one
+// another are parsed once for this purpose and not once for each level above them.
+void CVRMLParser::SkipByParsing() {
+  const qelvrml::ScopedValue<bool> skipping(SkippingBlock, true);
+  const qelvrml::ScopedValue<bool> update(AllowDictionaryUpdate, false);
+  const char* begin = IOManager.GetCurrentPlace();
+  const bool result = ParseBlock();
+  IOManager.RememberStretch(begin, result);
+}
+
+bool CVRMLParser::StepOverPassedStretch(bool& result) {
+  return IOManager.StepOverStretch(result);
+}
+
+bool CVRMLParser::PassOverNode() {
+  SkipBlock(false);
+  return true;
+}
+
+bool CVRMLParser::ParseInfo() {
+  Tokenize();
+  if (GetCurrentTokenType() == VRMLTokenOpenBracket) {
+    SkipArray(false);
+  } else {
+    SkipBlock(false);
+  }
+  return true;
+}
+
+bool CVRMLParser::AtOpenSeparatorLimit() {
+  return SeparatorStack.GetCount() >= qelvrml::MaximumOpenSeparators;
+}
+
+// A node that needs one more separator than there may be.
+bool CVRMLParser::PassOverUnopened() {
+  if (GetCurrentTokenBeginType() || GetNextTokenBeginType()) SkipBlock(false);
+  return false;
+}
+
+// Scans past one statement that is nested too deep to be read, whatever it is; moves on by at least one token.
+void CVRMLParser::PassOverStatement() {
+  MoveUpToInterestingToken();
+  if (GetCurrentTokenType() == VRMLTokenDEF) {
+    Tokenize();
+    Tokenize();
+  }
+  const GenericTokenTypes type = GetCurrentTokenBeginType() ? GetCurrentTokenDataType() : GetNextTokenDataType();
+  if (GetCurrentTokenType() == VRMLTokenUSE) {
+    Tokenize();
+  } else if (type == GenericTokenOpenBrace || type == GenericTokenOpenBracket || type == GenericTokenOpenParen) {
+    SkipBlock(type, static_cast<GenericTokenTypes>(type + 1), false);
+  }
+  Tokenize();
+}
