@@ -1,0 +1,178 @@
+#include "Dump.h"
+
+#include <charconv>
+#include <filesystem>
+#include <iostream>
+#include <nlohmann/json.hpp>
+#include <string>
+
+#include "ObjectVisitor.h"
+#include "platform/brixex/CKelTextureManager.h"
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+// The double whose shortest form is the shortest form of the float.
+double Shortest(float value) {
+  std::array<char, 32> text{};
+  const auto end = std::to_chars(text.data(), text.data() + text.size(), value).ptr;
+  double result = value;
+  std::from_chars(text.data(), end, result);
+  return result;
+}
+
+Json ToJson(const brixFloatPoint& p) {
+  return {Shortest(p.x), Shortest(p.y), Shortest(p.z)};
+}
+Json ToJson(const brixVector& v) {
+  return {Shortest(v.x), Shortest(v.y), Shortest(v.z)};
+}
+Json ToJson(const brix2DFloatPoint& p) {
+  return {Shortest(p.x), Shortest(p.y)};
+}
+Json ToJson(const brixChroma& c) {
+  return {Shortest(c.red), Shortest(c.green), Shortest(c.blue), Shortest(c.alpha)};
+}
+
+template <class Element>
+Json ToJson(std::span<const Element> elements) {
+  Json list = Json::array();
+  list.get_ref<Json::array_t&>().reserve(elements.size());
+  for (const Element& element : elements) list.push_back(ToJson(element));
+  return list;
+}
+
+Json ToJson(const brixMatrix4x4& m) {
+  Json list = Json::array();
+  for (std::size_t row = 0; row < 4; ++row) {
+    for (const float element : m[row]) list.push_back(Shortest(element));
+  }
+  return list;
+}
+
+Json ToJson(const brixMatProps& material) {
+  const brixMaterial& front = material.GetFrontMaterial();
+  const auto colour = [&front](void (brixMaterial::*get)(brixChroma&) const) {
+    brixChroma value;
+    (front.*get)(value);
+    return ToJson(value);
+  };
+  return {{"ambient", colour(&brixMaterial::GetAmbient)},
+          {"diffuse", colour(&brixMaterial::GetDiffuse)},
+          {"specular", colour(&brixMaterial::GetSpecular)},
+          {"emission", colour(&brixMaterial::GetEmission)},
+          {"shininess", Shortest(front.GetShininess())}};
+}
+
+Json ToJson(const CKelTextureCoordinate& lie) {
+  return {{"id", lie.GetTextureID()},
+          {"wrapS", static_cast<int>(lie.GetTextureWrapS())},
+          {"wrapT", static_cast<int>(lie.GetTextureWrapT())},
+          {"rotation", lie.GetRotation()},
+          {"scale", {Shortest(lie.GetScale().S), Shortest(lie.GetScale().T)}},
+          {"coordinates", ToJson(lie.GetCoordinates().View())}};
+}
+
+Json FacesToJson(std::span<const int> runs) {
+  Json faces = Json::array();
+  while (!runs.empty()) {
+    const std::span<const int> face = runs.subspan(1, static_cast<std::size_t>(runs[0]));
+    faces.push_back(Json(std::vector<int>(face.begin(), face.end())));
+    runs = runs.subspan(face.size() + 1);
+  }
+  return faces;
+}
+
+/// Adds the fields of an object by its class.
+class FieldWriter : public ObjectVisitor {
+public:
+  explicit FieldWriter(Json& object) : Object(object) {}
+
+  void Visit(const brixCone& cone) override {
+    Object["height"] = Shortest(cone.GetHeight());
+    Object["bottomRadius"] = Shortest(cone.GetBottomRadius());
+    Object["topRadius"] = Shortest(cone.GetTopRadius());
+    Object["matrix"] = ToJson(cone.GetXformation());
+  }
+  void Visit(const brixCylinder& cylinder) override {
+    Object["height"] = Shortest(cylinder.GetHeight());
+    Object["radius"] = Shortest(cylinder.GetRadius());
+    Object["matrix"] = ToJson(cylinder.GetXformation());
+  }
+  void Visit(const brixSphere& sphere) override {
+    Object["radius"] = Shortest(sphere.GetRadius());
+    Object["matrix"] = ToJson(sphere.GetXformation());
+  }
+  void Visit(const brixDisk& disk) override {
+    Object["innerRadius"] = Shortest(disk.GetInnerRadius());
+    Object["outerRadius"] = Shortest(disk.GetOuterRadius());
+    Object["matrix"] = ToJson(disk.GetPlacement());
+  }
+  void Visit(const brixBox& box) override { Object["points"] = ToJson(box.GetCorners().View()); }
+  void Visit(const brixDot& dot) override { Object["point"] = ToJson(dot.GetDot()); }
+  void Visit(const CKelPolyface& face) override {
+    Object["points"] = ToJson(face.GetPoints().View());
+    Object["faces"] = FacesToJson(face.GetFaceList().View());
+  }
+  void Visit(const CKelPolyline& line) override { Object["points"] = ToJson(line.GetPolyline().View()); }
+  void Visit(const CKelPolyMesh& mesh) override {
+    Object["rows"] = mesh.GetRows();
+    Object["columns"] = mesh.GetColumns();
+    Object["points"] = ToJson(mesh.GetPoints().View());
+  }
+  void Visit(const CKelMultipleTriangleStrip& strips) override {
+    Object["points"] = ToJson(strips.GetPoints().View());
+    Object["normals"] = ToJson(strips.GetNormals().View());
+    const auto counts = strips.GetPointCounts().View();
+    Object["counts"] = std::vector<int>(counts.begin(), counts.end());
+  }
+
+private:
+  Json& Object;
+};
+
+Json ObjectToJson(const brixBaseObject& object, const CKelTextureManager* textures) {
+  Json result = {{"type", ClassName(object)},
+                 {"name", ToUtf8(object.GetObjectName().GetText())},
+                 {"material", ToJson(object.GetMatProps())}};
+  if (const CKelTextureCoordinate* lie = textures ? textures->FindTextureCoordinate(object.GetId()) : nullptr) {
+    result["texture"] = ToJson(*lie);
+  }
+  FieldWriter writer(result);
+  VisitObject(object, writer);
+  return result;
+}
+
+Json GroupToJson(const brixBaseGroup& group, const CKelTextureManager* textures) {
+  Json objects = Json::array();
+  Json groups = Json::array();
+  for (int i = 0; i < group.GetNumObjects(); ++i) objects.push_back(ObjectToJson(*group.GetObjectAt(i), textures));
+  for (int i = 0; i < group.GetNumGroups(); ++i) groups.push_back(GroupToJson(*group.GetGroupAt(i), textures));
+  return {
+      {"name", ToUtf8(group.GetGroupName().GetText())}, {"objects", std::move(objects)}, {"groups", std::move(groups)}};
+}
+
+Json TexturesToJson(const CKelTextureManager* textures) {
+  Json list = Json::array();
+  for (int i = 0; textures && i < textures->GetNumberTextures(); ++i) {
+    const CKelTexture& texture = *textures->GetTextureAt(i);
+    list.push_back({{"id", texture.GetTextureID()},
+                    {"name", std::filesystem::path(ToUtf8(texture.GetFilename().GetWideText())).filename().string()},
+                    {"width", texture.GetWidth()},
+                    {"height", texture.GetHeight()}});
+  }
+  return list;
+}
+
+}  // namespace
+
+void Dump(const LoadedFile& file) {
+  const CKelTextureManager* textures = file.World->GetTextureManager();
+  const Json model = {{"result", ResultName(file.Result)},
+                      {"units", UnitsName(file.Units)},
+                      {"warning", file.Warning},
+                      {"world", GroupToJson(*file.World, textures)},
+                      {"textures", TexturesToJson(textures)}};
+  std::cout << model << '\n';
+}
