@@ -1,0 +1,199 @@
+#include <gtest/gtest.h>
+
+#include <thread>
+#include <vector>
+
+#include "foundation/CBasicList.h"
+#include "foundation/CBasicListIterator.h"
+#include "foundation/CBasicMap.h"
+#include "platform/brix/brixFloatPoint.h"
+#include "platform/brixex/CKelList.h"
+
+namespace {
+
+void* Word(std::uintptr_t value) {
+  return reinterpret_cast<void*>(value);
+}
+
+std::vector<std::uintptr_t> Words(CBasicList& list) {
+  std::vector<std::uintptr_t> words;
+  CBasicListIterator iterator(&list);
+  for (; iterator.GetData(); iterator.Next(0)) words.push_back(reinterpret_cast<std::uintptr_t>(iterator.GetData()));
+  return words;
+}
+
+using Expected = std::vector<std::uintptr_t>;
+
+void Fill(CBasicList& list, std::uintptr_t count) {
+  for (std::uintptr_t i = 1; i <= count; ++i) list.AddTail(Word(i));
+}
+
+TEST(List, KeepsTheOrderOfInsertion) {
+  CBasicList list;
+  EXPECT_FALSE(list.AddTail(nullptr));
+  EXPECT_TRUE(list.AddTail(Word(2)));
+  EXPECT_TRUE(list.AddHead(Word(1)));
+  EXPECT_TRUE(list.AddTail(Word(4)));
+  EXPECT_TRUE(list.InsertAfter(list.FindElement(Word(2)), Word(3)));
+  EXPECT_FALSE(list.InsertAfter(nullptr, Word(9)));
+  EXPECT_EQ(Words(list), (Expected{1, 2, 3, 4}));
+  EXPECT_EQ(list.RemoveHead(), Word(1));
+  EXPECT_FALSE(list.Remove(Word(7)));
+  EXPECT_TRUE(list.Remove(Word(4)));
+  EXPECT_EQ(list.GetTail(), Word(3));
+  EXPECT_TRUE(list.RemoveAll());
+  EXPECT_FALSE(list.RemoveAll());
+  EXPECT_EQ(list.RemoveHead(), nullptr);
+}
+
+// The cache of positions is dropped by every change.
+TEST(List, FindsByPositionAfterEveryChange) {
+  CBasicList list;
+  Fill(list, 3);
+  EXPECT_EQ(list.GetAt(2), Word(3));
+  EXPECT_EQ(list.GetAt(3), nullptr);
+  EXPECT_EQ(list.GetAt(-1), nullptr);
+  list.AddHead(Word(9));
+  EXPECT_EQ(list.GetAt(0), Word(9));
+  list.Remove(Word(1));
+  EXPECT_EQ(list.GetAt(1), Word(2));
+  list.InsertAfter(list.GetElementAt(1), Word(8));
+  EXPECT_EQ(list.GetAt(2), Word(8));
+}
+
+TEST(List, IteratorsGoBackToTheFirstAfterARemoval) {
+  CBasicList list;
+  Fill(list, 4);
+  CBasicListIterator third(&list);
+  CBasicListIterator other(&list);
+  EXPECT_EQ(third.GetAt(2), Word(3));
+  EXPECT_TRUE(other.GoToLast());
+  EXPECT_EQ(list.GetIteratorCount(), 2);
+  EXPECT_TRUE(third.Remove(Word(3)));
+  EXPECT_EQ(third.GetData(), Word(1));
+  EXPECT_EQ(other.GetData(), Word(1));
+  other.GoToLast();
+  other.Next();
+  EXPECT_EQ(other.GetData(), nullptr);
+  other.Next();
+  EXPECT_EQ(other.GetData(), Word(1)) << "from behind the end to the first";
+  other.Previous();
+  other.Previous();
+  EXPECT_EQ(other.GetData(), Word(4)) << "and backwards to the last";
+  list.RemoveAll();
+  EXPECT_EQ(third.GetData(), nullptr);
+}
+
+TEST(List, IteratorsMayOutliveTheirListWhenUnused) {
+  auto list = std::make_unique<CBasicList>();
+  CBasicListIterator iterator(list.get());
+  list.reset();
+  EXPECT_EQ(iterator.GetList(), nullptr);
+  EXPECT_EQ(iterator.GetData(), nullptr);
+  EXPECT_FALSE(iterator.AddTail(Word(1)));
+}
+
+TEST(List, OwnsValuesThroughAHandler) {
+  CBasicList list;
+  int value = 5;
+  EXPECT_FALSE(list.AddTailValue(&value)) << "no handler";
+  list.SetIntegerElements();
+  EXPECT_TRUE(list.AddTailValue(&value));
+  value = 6;
+  EXPECT_TRUE(list.AddTailAny(&value));
+  EXPECT_FALSE(list.AddTailValue(nullptr));
+  EXPECT_EQ(*static_cast<int*>(list.GetHead()), 5) << "a copy";
+  EXPECT_TRUE(list.RemoveValue(&value));
+  EXPECT_EQ(list.GetCount(), 1);
+  EXPECT_FALSE(list.RemoveValue(&value));
+  list.SetStringElements();
+  EXPECT_EQ(list.GetCount(), 0) << "another handler empties the list";
+  CBasicString text("a text that is too long to stand in the string object itself");
+  list.AddHeadValue(&text);
+  EXPECT_TRUE(list.FindElement(&text));
+  EXPECT_TRUE(list.RemoveAllValues());
+  EXPECT_FALSE(list.RemoveAllValues());
+}
+
+TEST(List, HandlersRefuseWhatTheyCannotDo) {
+  void* slot = nullptr;
+  EXPECT_FALSE(ValueElementHandler<int>(0, nullptr, nullptr));
+  EXPECT_FALSE(ValueElementHandler<int>(4, &slot, nullptr));
+  ASSERT_TRUE(ValueElementHandler<int>(0, &slot, nullptr));
+  EXPECT_FALSE(ValueElementHandler<int>(2, &slot, nullptr));
+  EXPECT_FALSE(ValueElementHandler<int>(3, &slot, nullptr));
+  EXPECT_TRUE(ValueElementHandler<int>(1, &slot, nullptr));
+  EXPECT_EQ(slot, nullptr);
+}
+
+// A copy has values of its own, but never the bare pointers of another list.
+TEST(List, CopiesValuesButNotPointers) {
+  CKelList points;
+  points.SetListTypePoint();
+  brixFloatPoint point(1, 2, 3);
+  points.AddTailValue(&point);
+  CKelList copy(points);
+  ASSERT_EQ(copy.GetCount(), 1);
+  EXPECT_NE(copy.GetHead(), points.GetHead());
+  EXPECT_EQ(static_cast<brixFloatPoint*>(copy.GetHead())->z, 3.0F);
+  points.RemoveAllValues();
+  copy.RemoveAllValues();
+
+  CKelList pointers;
+  Fill(pointers, 2);
+  EXPECT_EQ(CKelList(pointers).GetCount(), 0);
+}
+
+// Elements of one thread's list may be given up by another one.
+TEST(List, ElementsMayChangeThreads) {
+  CBasicList list;
+  list.SetIntegerElements();
+  std::thread([&list] {
+    for (int i = 0; i < 20000; ++i) list.AddTailValue(&i);
+  }).join();
+  EXPECT_EQ(*static_cast<int*>(list.GetAt(19999)), 19999);
+  EXPECT_TRUE(list.RemoveAllValues());
+}
+
+TEST(Map, FindsByTheYoungestKey) {
+  CBasicMap map;
+  EXPECT_EQ(map.FindHash(1), nullptr);
+  EXPECT_TRUE(map.AddHash(1, Word(10)));
+  EXPECT_TRUE(map.AddHash(1, Word(11)));
+  EXPECT_TRUE(map.AddHash(-10010, Word(12))) << "the same bucket: its magnitude is one more than the bucket count";
+  EXPECT_EQ(map.FindHash(1), Word(11));
+  EXPECT_EQ(map.FindHash(-10010), Word(12));
+  EXPECT_TRUE(map.RemoveHash(1));
+  EXPECT_EQ(map.FindHash(1), Word(10));
+  EXPECT_FALSE(map.RemoveHash(2));
+  EXPECT_EQ(Words(map), (Expected{10, 12}));
+}
+
+TEST(Map, TakesKeysInAnyCaseOnRequest) {
+  CBasicMap map;
+  map.AddString("Name", Word(1), true);
+  map.AddString("Exact", Word(2), false);
+  EXPECT_EQ(map.FindString("nAME", true), Word(1));
+  EXPECT_EQ(map.FindString("exact", false), nullptr);
+  EXPECT_EQ(map.FindString("Exact", false), Word(2));
+  EXPECT_TRUE(map.RemoveString("NAME", true));
+  EXPECT_EQ(map.FindString("name", true), nullptr);
+}
+
+// Whatever way an element goes, no key leads to it any more.
+TEST(Map, ForgetsElementsThatTheListRemoves) {
+  CBasicMap map;
+  map.SetBucketCount(3);
+  for (int key = 1; key <= 4; ++key) map.AddHash(key, Word(static_cast<std::uintptr_t>(key)));
+  map.RemoveHead();
+  map.Remove(Word(3));
+  EXPECT_EQ(map.FindHash(1), nullptr);
+  EXPECT_EQ(map.FindHash(3), nullptr);
+  EXPECT_EQ(map.FindHash(4), Word(4));
+  map.SetBucketCount(1000000);  // has no effect any more
+  EXPECT_EQ(map.FindHash(4), Word(4));
+  map.RemoveAll();
+  EXPECT_EQ(map.FindHash(4), nullptr);
+}
+
+}  // namespace

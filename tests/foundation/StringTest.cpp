@@ -1,0 +1,134 @@
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "foundation/CBasicString.h"
+
+namespace {
+
+std::string Text(const CBasicString& string) {
+  return string.GetNarrowText();
+}
+
+TEST(String, EmptyAndNullAreNeutral) {
+  const CBasicString empty;
+  EXPECT_EQ(empty.GetLength(), 0);
+  EXPECT_STREQ(empty.GetNarrowText(), "");
+  EXPECT_EQ(empty.GetHash(), 0U);
+  EXPECT_TRUE(empty == static_cast<const char*>(nullptr));
+  EXPECT_EQ(CBasicString(static_cast<const char16_t*>(nullptr)).GetLength(), 0);
+  EXPECT_EQ(empty.GetAt(0), u'\0');
+  EXPECT_EQ(empty.GetLast(), u'\0');
+  CBasicString text("a");
+  EXPECT_FALSE(text.Append(static_cast<const char*>(nullptr)));
+  EXPECT_TRUE(text.Append(""));
+  EXPECT_FALSE(text.Append(CBasicString()));
+  EXPECT_FALSE(text.AppendRange("b", nullptr));
+  EXPECT_FALSE(text.Assign(text));
+}
+
+// Any name of a file or a node comes back as it was: valid text, single bytes and code points beyond 16 bits.
+TEST(String, NarrowTextSurvivesTheRoundTrip) {
+  for (const std::string name : {"plain", "\xC3\xA4\xE2\x82\xAC\xF0\x9F\x98\x80", "\xFF\xC3", "\xE4 latin \xE9",
+                                 "\xC0\x80", "\xED\xA0\x80", "\xF4\x90\x80\x80"}) {
+    EXPECT_EQ(Text(CBasicString(name.c_str())), name);
+  }
+  EXPECT_EQ(CBasicString("\xF0\x9F\x98\x80").GetLength(), 2);
+  EXPECT_EQ(CBasicString("\xFF").GetAt(0), 0xDCFF);
+  EXPECT_EQ(CBasicString(u"\xD800").GetNarrowText(), nullptr);
+}
+
+TEST(String, OneUnitIsWidenedWithItsSign) {
+  EXPECT_EQ(CBasicString('"').GetAt(0), u'"');
+  EXPECT_EQ(CBasicString('\xE9').GetAt(0), 0xFFE9);
+}
+
+// CRC-32 of the bytes 31 00 32 00 ... 39 00, and of a text longer than the buffer, computed with another program.
+TEST(String, HashIsTheCrcOfTheCodeUnits) {
+  EXPECT_EQ(CBasicString("123456789").GetHash(), 0xA290E877U);
+  EXPECT_NE(CBasicString("abc").GetHash(), CBasicString("Abc").GetHash());
+  EXPECT_EQ(CBasicString(std::string(1000, 'x').c_str()).GetHash(), 0x10475223U);
+}
+
+TEST(String, MidTakesBothEnds) {
+  const CBasicString text("abcdef");
+  EXPECT_EQ(Text(text.Mid(0, 3)), "abcd");
+  EXPECT_EQ(Text(text.Mid(4, -1)), "ef");
+  EXPECT_EQ(Text(text.Mid(6, -1)), "");
+  EXPECT_EQ(Text(text.Mid(3, 2)), "");
+  EXPECT_EQ(Text(text.Mid(3, 1)), "def");
+  EXPECT_EQ(Text(text.Mid(1, 6)), "");
+}
+
+TEST(String, SearchesInBothDirections) {
+  const CBasicString text("abcab");
+  EXPECT_EQ(text.Find("ab", 1), 3);
+  EXPECT_EQ(text.Find("", 2), 2);
+  EXPECT_EQ(text.Find("", 5), -1);
+  EXPECT_EQ(text.Find("x", 0), -1);
+  EXPECT_EQ(text.ReverseFind('a', 2), 0);
+  EXPECT_EQ(text.ReverseFind('b', 0), 4) << "a start of 0 means the last index";
+  EXPECT_EQ(text.ReverseFind(u'a', 5), -1);
+}
+
+TEST(String, ReplaceDoesNotLookIntoWhatItPutIn) {
+  CBasicString text("a-a");
+  EXPECT_TRUE(text.Replace("a", "aa"));
+  EXPECT_EQ(Text(text), "aa-aa");
+  EXPECT_FALSE(text.Replace("", "x"));
+  EXPECT_FALSE(text.Replace("x", "y"));
+  EXPECT_TRUE(text.Replace("aa", ""));
+  EXPECT_EQ(Text(text), "-");
+}
+
+TEST(String, ChangesInPlace) {
+  CBasicString text(" \tMixed ");
+  EXPECT_TRUE(text.TrimLeft());
+  EXPECT_TRUE(text.TrimRight());
+  EXPECT_FALSE(text.TrimRight());
+  EXPECT_TRUE(text.MakeUpper());
+  EXPECT_EQ(Text(text), "MIXED");
+  EXPECT_TRUE(text.MakeLower());
+  EXPECT_TRUE(text.SetAt(0, u'f'));
+  EXPECT_FALSE(text.SetAt(5, u'f'));
+  EXPECT_TRUE(text.RemoveAt(1));
+  EXPECT_FALSE(text.Truncate(4)) << "not shorter";
+  EXPECT_TRUE(text.Truncate(3));
+  EXPECT_EQ(Text(text), "fxe");
+  EXPECT_TRUE(text.Empty());
+  EXPECT_FALSE(text.Empty());
+  EXPECT_FALSE(text.MakeLower());
+  CBasicString blank("  ");
+  EXPECT_TRUE(blank.TrimLeft());
+  EXPECT_EQ(blank.GetLength(), 0);
+}
+
+TEST(String, ComparesByCodeUnits) {
+  EXPECT_TRUE(CBasicString("a") < "b");
+  EXPECT_TRUE(CBasicString("ab") > "a");
+  EXPECT_TRUE(CBasicString(u"\xFFFF") > u"a") << "units are unsigned";
+  EXPECT_EQ(CBasicString("ABC").CompareNoCase("abc"), 0);
+  EXPECT_LT(CBasicString("ab").CompareNoCase("ABC"), 0);
+}
+
+TEST(String, FormatsThroughTheCLibrary) {
+  CBasicString text("before");
+  EXPECT_TRUE(text.Format(u"%d of %ls", 7, L"ten"));
+  EXPECT_EQ(Text(text), "7 of ten");
+  EXPECT_FALSE(text.Format(nullptr));
+  EXPECT_FALSE(text.Format(u"%ls", L""));
+  EXPECT_FALSE(text.Format(u"%5000d", 1)) << "longer than the buffer";
+  EXPECT_EQ(Text(text), "7 of ten");
+  EXPECT_FALSE(text.LoadString(1));
+}
+
+// A text may be assigned or appended a part of itself.
+TEST(String, TakesPartsOfItself) {
+  CBasicString text("abcabcabcabcabcabc");
+  text = text.GetWideText() + 15;
+  EXPECT_EQ(Text(text), "abc");
+  text += text.GetNarrowText();
+  EXPECT_EQ(Text(text + text), "abcabcabcabc");
+}
+
+}  // namespace

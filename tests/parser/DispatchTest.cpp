@@ -1,0 +1,90 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "support/Model.h"
+
+namespace {
+
+// What surrounds it doesn't matter: the cube behind is read.
+TEST(Dispatch, WhatIsUnknownIsPassedOver) {
+  for (const std::string scene :
+       {"Unknown { deep { Sphere {} } Sphere {} } Cube {}", "DEF name unknown Cube {}", "{ } Cube {}", "{ { } Cube {}",
+        "word 1 \"text\" TRUE ] ) ( Cube {}", "PerspectiveCamera { position 0 0 0 } Cube {}",
+        "Info { string \"} {\" } Cube {}", "Info \"text\" { } Cube {}",
+        "DEF n Normal { vector [ 0 0 1 ] } USE n Cube {}", "NULL Cube {}", "[ Rotation {} Cube {} ]",
+        "AsciiText { string [ \"a\", \"b\" ] } Cube {}", "DEF c SpotLight {} USE c Cube {}", "DEF Cube Cube {}"}) {
+    const Model model = Load(scene);
+    EXPECT_EQ(model.Classes(), "brixBox") << scene;
+    EXPECT_EQ(model.Result, VRMLLoadOK) << scene;
+  }
+}
+
+TEST(Dispatch, AFailureEndsOnlyItsStatement) {
+  EXPECT_EQ(Load("Separator { Rotation {} Cube {} } Sphere {}").Classes(), "brixBox brixSphere");
+  EXPECT_EQ(Load("Separator { Separator { Rotation {} } Cube {} } Sphere {}").Classes(), "brixBox brixSphere");
+}
+
+TEST(Dispatch, AStrayBraceClosesTheRoot) {
+  EXPECT_EQ(Load("Cube {} } Sphere {}").Classes(), "brixBox");
+  EXPECT_EQ(Load("Separator { Cube {} } } Sphere {} DEF a Separator { Cone {} } USE a").Classes(),
+            "brixBox brixCone brixDisk")
+      << "a separator opens a scope of the world again, a USE needs one";
+}
+
+TEST(Dispatch, SeparatorsTakeTheirHints) {
+  for (const std::string fields : {"renderCaching TRUE", "renderCulling AUTO", "renderCulling TRUE renderCaching FALSE",
+                                   "renderCaching ON renderCulling OFF"}) {
+    EXPECT_EQ(Load("Separator { " + fields + " Cube {} } Sphere {}").Classes(), "brixBox brixSphere") << fields;
+  }
+  EXPECT_EQ(Load("Separator").Result, VRMLLoadFailed);
+}
+
+// Behind a DEF what is skipped is parsed with its effects off: no object, no name.
+TEST(Dispatch, SkippingBehindADefHasNoEffect) {
+  const Model model = Load("Transform { children DEF a Sphere {} } USE a Cube {}");
+  EXPECT_EQ(model.Classes(), "brixBox");
+  EXPECT_FALSE(model.Parser->GetSkippingBlock());
+  EXPECT_TRUE(model.Parser->GetAllowDictionaryUpdate());
+}
+
+// Both sides of the bounds on nesting: each statement inside brackets takes one more call.
+TEST(Dispatch, DeepNestingIsScannedPast) {
+  const auto nested = [](int depth, const std::string& inside) {
+    std::string open;
+    std::string close;
+    for (int i = 0; i < depth; ++i) open += "[ ", close += "] ";
+    return open + inside + close;
+  };
+  EXPECT_EQ(Load(nested(499, "Cube {} ") + "Sphere {}").Classes(), "brixBox brixSphere");
+  EXPECT_EQ(Load(nested(500, "Cube {} ") + "Sphere {}").Classes(), "brixSphere");
+  EXPECT_EQ(Load(nested(100000, "Cube {} ") + "Sphere {}").Classes(), "brixSphere");
+}
+
+TEST(Dispatch, TooManyOpenSeparatorsAreScannedPast) {
+  const auto nested = [](int depth) {
+    std::string open;
+    std::string close;
+    for (int i = 0; i < depth; ++i) open += "Separator { ", close += "} ";
+    return open + "Cube {} " + close + "Sphere {}";
+  };
+  EXPECT_EQ(Load(nested(499)).Classes(), "brixBox brixSphere") << "with the root there are 500";
+  EXPECT_EQ(Load(nested(500)).Classes(), "brixSphere");
+  EXPECT_EQ(Load(nested(50000)).Classes(), "brixSphere");
+}
+
+// Every beginning of a scene that holds a bit of everything: loaded or refused, and nothing leaks.
+TEST(Dispatch, EveryTruncationIsTakenInStride) {
+  const std::string scene = R"(#VRML V1.0 ascii
+    DEF g Separator { renderCulling TRUE DEF m Material { diffuseColor [ 1 0 0, 0 1 0 ] shininess 0.5 ambientIntensity 0.2 }
+      MaterialBinding { value PER_FACE_INDEXED } Coordinate3 { point [ 0 0 0, 1 0 0, 1 1 0, 0 1 0 ] }
+      DEF f IndexedFaceSet { coordIndex [ 0, 1, 2, -1, 0, 2, 3, -1 ] materialIndex [ 1, 0 ] normalIndex [ 0 ] }
+      Transform { translation 1 2 3 rotation 0 0 1 1 children DEF x Cube { width 1 } } MatrixTransform { matrix 1 0 0 0 }
+      Separator { Cone { parts ALL height 3 } Cylinder {} USE m "text \" quoted" } }
+    USE g Info { string "x" })";
+  for (std::size_t length = 0; length < scene.size(); ++length) {
+    SCOPED_TRACE(length);
+    LoadBytes(scene.substr(0, length));
+  }
+}
+
+}  // namespace

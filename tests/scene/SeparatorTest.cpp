@@ -1,0 +1,150 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "platform/brix/brixDot.h"
+#include "platform/brixex/CKelTextureManager.h"
+#include "support/Model.h"
+
+namespace {
+
+// A scope's colours, transformation and coordinates end with it; the diffuse colour alone passes to the enclosing
+// scope.
+TEST(Separator, WhatEndsWithAScope) {
+  const Model model = Load(R"(
+    Separator { Translation { translation 5 0 0 } Material { diffuseColor 1 0 0 transparency 0.5 } Cube {} }
+    Cube {})");
+  ASSERT_EQ(model.Size(), 2U);
+  EXPECT_THAT(model.Centre(0), IsPoint(5, 0, 0));
+  EXPECT_THAT(model.Diffuse(0), IsColour(1, 0, 0, 0.5F));
+  EXPECT_THAT(model.Centre(1), IsPoint(0, 0, 0));
+  EXPECT_THAT(model.Diffuse(1), IsColour(1, 0, 0, 1));
+}
+
+TEST(Separator, OnlyNamedScopesWithContentAreGroups) {
+  const Model model = Load(R"(
+    DEF outer Separator { Separator { Cube {} } DEF inner Separator { Sphere {} } DEF empty Separator { } Cone {} }
+    DEF last Group { Cube {} })");
+  ASSERT_EQ(model.World->GetNumGroups(), 2);
+  const brixBaseGroup* outer = model.Group("outer");
+  ASSERT_TRUE(outer);
+  EXPECT_EQ(outer->GetNumObjects(), 3) << "the cube of the unnamed scope, the cone and its disk";
+  EXPECT_EQ(outer->GetNumGroups(), 1);
+  EXPECT_FALSE(model.Group("empty"));
+  EXPECT_TRUE(model.Parser->FindObjectInDictionary("empty")) << "its entry stays";
+  EXPECT_EQ(ToString(model.World->GetGroupAt(1)->GetGroupName()), "last");
+}
+
+TEST(Separator, NamesOfObjectsComeFromTheirOwnDef) {
+  const Model model = Load("DEF g Separator { Cube {} DEF c Cylinder {} }");
+  ASSERT_EQ(model.Size(), 4U);
+  EXPECT_EQ(model.Name(0), "");
+  for (std::size_t i = 1; i < 4; ++i) EXPECT_EQ(model.Name(i), "c");
+}
+
+TEST(Separator, ShininessHasTwoScales) {
+  CVRMLSeparator separator;
+  EXPECT_EQ(separator.GetShininess().View()[0], 0.5);
+  separator.SetShininess(1.0);
+  EXPECT_EQ(separator.GetShininess().View()[0], 1.0);
+  separator.SetShininess(1.5);
+  EXPECT_EQ(separator.GetShininess().View()[0], 0.01171875);
+}
+
+TEST(Separator, ANestedScopeSharesEverythingButItsEntryAndCoordinates) {
+  CVRMLSeparator parent;
+  CKelGroup group;
+  brix2DFloatPointArray coordinates(2);
+  parent.SetGroup(&group);
+  parent.GetTextureState().SetTextureID(3);
+  parent.GetTextureState().SetRotation(90);
+  parent.GetTextureState().SetTextureCoordinates(coordinates);
+  CVRMLSeparator child;
+  child = parent;
+  EXPECT_EQ(child.GetGroup(), &group);
+  EXPECT_EQ(child.GetTextureState().GetTextureID(), 3);
+  EXPECT_EQ(child.GetTextureState().GetRotation(), 90);
+  EXPECT_FALSE(child.HasTexture());
+}
+
+// Arrays share their storage until one is written, and behave like values all the same.
+TEST(Separator, ArraysStayValues) {
+  brixIntArray first(3);
+  int& kept = first[0];
+  brixIntArray second = first;
+  kept = 7;
+  EXPECT_EQ(second.View()[0], 0) << "a reference given out before the copy";
+  brixIntArray third = second;
+  EXPECT_EQ(third.View().data(), second.View().data());
+  third[1] = 5;
+  EXPECT_EQ(second.View()[1], 0);
+  third = third;
+  third.Realloc(2, brixTrue);
+  third.Realloc(4, brixTrue);
+  EXPECT_EQ(third.View()[1], 5);
+  EXPECT_EQ(third.View()[3], 0);
+  third.Realloc(-1, brixTrue);
+  EXPECT_TRUE(third.IsEmpty());
+}
+
+class MaterialTest : public testing::Test {
+protected:
+  static brixChromaArray Colours(int count, bool specular = false) {
+    brixChromaArray colours;
+    for (int i = 0; i < count; ++i) colours.Append({specular ? 0.5F : 0.0F, static_cast<float>(i) / 10.0F, 0.0F, 1.0F});
+    return colours;
+  }
+  static brixChroma Diffuse(const brixMatProps& material) {
+    brixChroma colour;
+    material.GetBackMaterial().GetDiffuse(colour);
+    return colour;
+  }
+  CVRMLSeparator Separator;
+};
+
+TEST_F(MaterialTest, DefaultsAreWhiteAndShiny) {
+  const brixMatProps material = Separator.GetMatProps();
+  EXPECT_THAT(Diffuse(material), IsColour(1, 1, 1, 1));
+  EXPECT_EQ(material.GetFrontMaterial().GetShininess(), 64.0F);
+}
+
+TEST_F(MaterialTest, APositionBehindTheListIsWhite) {
+  Separator.SetDiffuseColor(Colours(3));
+  Separator.SetShininess(0.2);
+  Separator.SetTransparency(0.25);
+  EXPECT_THAT(Diffuse(Separator.GetMatProps(2)), IsColour(0, 0.2F, 0, 0.75F));
+  EXPECT_THAT(Diffuse(Separator.GetMatProps(5)), IsColour(1, 1, 1, 0.75F));
+  EXPECT_FLOAT_EQ(Separator.GetMatProps(5).GetFrontMaterial().GetShininess(), 25.6F);
+  brixChroma ambient;
+  Separator.GetMatProps(5).GetFrontMaterial().GetAmbient(ambient);
+  EXPECT_THAT(ambient, IsColour(0.2F, 0.2F, 0.2F, 0.75F));
+}
+
+TEST_F(MaterialTest, OtherColoursStandInForTheDiffuseOne) {
+  Separator.SetSpecularColor(Colours(1, true));
+  Separator.SetEmissiveColor(Colours(2));
+  EXPECT_THAT(Diffuse(Separator.GetMatProps(0)), IsColour(0.5F, 0, 0, 1));
+  EXPECT_THAT(Diffuse(Separator.GetMatProps(1)), IsColour(0, 0.1F, 0, 1)) << "the specular list is too short";
+}
+
+TEST_F(MaterialTest, TextureCoordinatesServeOneObject) {
+  CKelWorld world;
+  CVRMLParser parser;
+  parser.SetWorld(&world);
+  Separator.SetParser(&parser);
+  Separator.SetGroup(&world);
+  Separator.SetDiffuseColor(Colours(1));
+  Separator.GetTextureState().SetTextureID(1);
+  Separator.GetTextureState().SetTextureCoordinates(brix2DFloatPointArray(3));
+  auto* first = new brixDot;
+  auto* second = new brixDot;
+  ASSERT_TRUE(Separator.AddObject(first));
+  ASSERT_TRUE(Separator.AddObject(second));
+  EXPECT_THAT(Diffuse(first->GetMatProps()), IsColour(1, 1, 1, 1));
+  EXPECT_THAT(Diffuse(second->GetMatProps()), IsColour(0, 0, 0, 1));
+  const CKelTextureManager* textures = world.GetTextureManager();
+  ASSERT_TRUE(textures->FindTextureCoordinate(first->GetId()));
+  EXPECT_EQ(textures->FindTextureCoordinate(first->GetId())->GetCoordinates().GetSize(), 3U);
+  EXPECT_FALSE(textures->FindTextureCoordinate(second->GetId()));
+}
+
+}  // namespace

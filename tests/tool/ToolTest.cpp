@@ -1,0 +1,99 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <fstream>
+#include <sstream>
+
+#include "support/Model.h"
+
+namespace {
+
+using testing::HasSubstr;
+using testing::StartsWith;
+
+struct Output {
+  int Status;
+  std::string Out;
+  std::string Error;
+};
+
+std::string Read(const std::string& path) {
+  std::ostringstream text;
+  text << std::ifstream(path).rdbuf();
+  return text.str();
+}
+
+Output RunTool(const std::string& arguments) {
+  const TemporaryFolder folder;
+  const std::string out = (folder.Path() / "out").string();
+  const std::string error = (folder.Path() / "error").string();
+  const std::string command = std::string(QELVRML_TOOL_PATH) + " " + arguments + " >" + out + " 2>" + error;
+  const int status = std::system(command.c_str());
+  return {WEXITSTATUS(status), Read(out), Read(error)};
+}
+
+TEST(Tool, DumpsTheModelAsJson) {
+  const TemporaryFolder folder;
+  const std::string path =
+      folder.Write("cube.wrl", "#VRML V1.0 ascii\nDEF g Separator { DEF c\xE4 Cube { width 50.1 } }");
+  const Output output = RunTool("dump " + path);
+  EXPECT_EQ(output.Status, 0);
+  EXPECT_THAT(
+      output.Out,
+      StartsWith(
+          R"({"result":"VRMLLoadOK","units":"meters","warning":0,"world":{"name":"","objects":[],"groups":[{"name":"g","objects":[{"type":"brixBox")"));
+  EXPECT_THAT(output.Out, HasSubstr("[-25.05,-1.0,-1.0]")) << "floats in their shortest form";
+  EXPECT_THAT(output.Out, HasSubstr("\"name\":\"c\xEF\xBF\xBD\"")) << "a name that isn't UTF-8";
+  EXPECT_THAT(output.Out, HasSubstr(R"("diffuse":[1.0,1.0,1.0,1.0])"));
+  EXPECT_EQ(output.Error, "");
+}
+
+TEST(Tool, InfoCountsTheModel) {
+  const TemporaryFolder folder;
+  const Output output = RunTool("info " + folder.Write("s.wrl", "#VRML V1.0 ascii\nDEF g Group { Cube {} Cube {} }"));
+  EXPECT_EQ(output.Status, 0);
+  EXPECT_THAT(output.Out, HasSubstr("200 x 200 x 200 centimeters"));
+  EXPECT_THAT(output.Out, testing::ContainsRegex("brixBox +2\n"));
+  EXPECT_THAT(output.Out, testing::ContainsRegex("triangles +24\n"));
+}
+
+// One line on standard error, and a status, for each way in which a load can fail.
+TEST(Tool, SaysWhatWentWrong) {
+  const TemporaryFolder folder;
+  struct Case {
+    std::string Path;
+    int Status;
+    std::string Words;
+  };
+  const std::string secret = folder.Write("secret.wrl", "#VRML V1.0 ascii\n");
+  chmod(secret.c_str(), 0);
+  std::vector<Case> cases = {
+      {folder.Path() / "missing.wrl", 2, "no such file"},
+      {folder.Path(), 2, "is a folder"},
+      {folder.Write("text.wrl", "Cube {}"), 1, "not a VRML file"},
+      {folder.Write("empty.wrl", ""), 1, "not a VRML file"},
+      {folder.Write("bad.wrl", "#VRML V1.0 ascii\nRotation {}"), 1, "nothing in it could be loaded"}};
+  if (geteuid() != 0) cases.push_back({secret, 2, "no permission"});
+  for (const auto& [path, status, words] : cases) {
+    const Output output = RunTool("dump " + path);
+    EXPECT_EQ(output.Status, status) << path;
+    EXPECT_THAT(output.Error, HasSubstr(words));
+    EXPECT_EQ(std::count(output.Error.begin(), output.Error.end(), '\n'), 1) << output.Error;
+    EXPECT_THAT(output.Out, StartsWith("{\"result\":\"VRMLLoad")) << "JSON for every result";
+    EXPECT_EQ(RunTool("info " + path).Status, status);
+  }
+}
+
+TEST(Tool, KnowsItsArguments) {
+  EXPECT_EQ(RunTool("").Status, 64);
+  EXPECT_EQ(RunTool("info").Status, 64);
+  EXPECT_EQ(RunTool("draw x.wrl").Status, 64);
+  EXPECT_EQ(RunTool("--help").Status, 0);
+  EXPECT_THAT(RunTool("--version").Out, StartsWith("qelvrml "));
+}
+
+}  // namespace
