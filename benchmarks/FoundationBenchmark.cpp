@@ -1,0 +1,78 @@
+// Lists against as many separate allocations, and the tokenizer against a plain walk over the bytes.
+
+#include <array>
+#include <memory>
+#include <vector>
+
+#include "Scene.h"
+#include "foundation/CBasicList.h"
+#include "parser/CVRMLIOManager.h"
+
+namespace {
+
+void SeparateAllocations(benchmark::State& state) {
+  for (auto _ : state) {
+    std::vector<std::unique_ptr<int>> values;
+    std::vector<std::unique_ptr<std::array<void*, 4>>> elements;
+    for (int i = 0; i < state.range(0); ++i) {
+      values.push_back(std::make_unique<int>(i));
+      elements.push_back(std::make_unique<std::array<void*, 4>>());
+    }
+    benchmark::DoNotOptimize(values.data());
+  }
+  state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+BENCHMARK(SeparateAllocations)->Arg(1'000'000)->Unit(benchmark::kMillisecond);
+
+void IntegerList(benchmark::State& state) {
+  for (auto _ : state) {
+    CBasicList list;
+    list.SetIntegerElements();
+    for (int i = 0; i < state.range(0); ++i) list.AddTailValue(&i);
+    benchmark::DoNotOptimize(list.GetCount());
+    list.RemoveAllValues();
+  }
+  state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+BENCHMARK(IntegerList)->Arg(1'000'000)->Unit(benchmark::kMillisecond);
+
+std::string Points(int count) {
+  std::string text = "#VRML V1.0 ascii\nCoordinate3 { point [\n";
+  for (int i = 0; i < count; ++i) {
+    text += std::to_string(i % 997) + ".25 -" + std::to_string(i % 89) + ".5 " + std::to_string(i * 0.37) + ",\n";
+  }
+  return text + "] }\n";
+}
+
+void WalkOverBytes(benchmark::State& state) {
+  const std::string text = Points(static_cast<int>(state.range(0)));
+  for (auto _ : state) {
+    std::size_t words = 0;
+    for (const char c : text) words += c == ' ' || c == '\n' ? 1 : 0;
+    benchmark::DoNotOptimize(words);
+  }
+  state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * text.size()));
+}
+BENCHMARK(WalkOverBytes)->Arg(1'000'000)->Unit(benchmark::kMillisecond);
+
+void Tokens(benchmark::State& state) {
+  const SceneFile scene("tokens.wrl", Points(static_cast<int>(state.range(0))));
+  for (auto _ : state) {
+    CVRMLIOManager manager;
+    manager.SetFilename(scene.Path().c_str());
+    manager.OpenFile();
+    std::size_t tokens = 0;
+    while (manager.Tokenize()) ++tokens;
+    benchmark::DoNotOptimize(tokens);
+  }
+  state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * scene.Size()));
+}
+BENCHMARK(Tokens)->Arg(1'000'000)->Unit(benchmark::kMillisecond);
+
+void Coordinates(benchmark::State& state) {
+  const auto count = static_cast<int>(state.range(0));
+  TimeLoad(state, SceneFile("points.wrl", Points(count)), count);
+}
+BENCHMARK(Coordinates)->Arg(1'000'000)->Unit(benchmark::kMillisecond);
+
+}  // namespace
