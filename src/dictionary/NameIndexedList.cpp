@@ -20,7 +20,10 @@ void NameIndexedList::ForgetKey(void* data) {
 }
 
 CBasicListElement* NameIndexedList::FindElement(void* value) {
-  if (OutOfDate) Rebuild();
+  if (OutOfDate || !IndexesWords) {
+    IndexesWords = true;
+    Rebuild();
+  }
   const auto found = ByData.find(value);
   return found == ByData.end() ? nullptr : found->second.First;
 }
@@ -45,6 +48,7 @@ bool NameIndexedList::RemoveAll() {
   ByKey.clear();
   ByData.clear();
   OutOfDate = false;
+  IndexesWords = false;
   return CKelList::RemoveAll();
 }
 
@@ -78,7 +82,7 @@ void NameIndexedList::Enter(CBasicListElement* element) {
   const auto enter = [element](Place& place) {
     if (place.Count++ == 0) place.First = element;
   };
-  enter(ByData[element->Data]);
+  if (IndexesWords) enter(ByData[element->Data]);
   if (const std::optional<std::uint32_t> key = KeyOf ? KeyOf(element->Data) : std::nullopt) enter(ByKey[*key]);
 }
 

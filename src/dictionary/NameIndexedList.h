@@ -50,7 +50,8 @@ private:
 
   KeyFunction KeyOf;
   std::unordered_map<std::uint32_t, Place> ByKey;
-  std::unordered_map<void*, Place> ByData;
+  std::unordered_map<void*, Place> ByData;  ///< made when a word is first looked for
+  bool IndexesWords = false;
   bool OutOfDate = false;  ///< the order of equal keys or words isn't known; the next search makes the indexes anew
 };
 

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <cstdlib>
 #include <mutex>
+#include <new>
 #include <utility>
 
 namespace qelvrml {
@@ -35,25 +36,32 @@ constexpr std::size_t ChunkBytes = 64 * 1024;
 constexpr std::size_t BatchBlocks = 512;  // what moves between a thread's stock and the common one at a time
 
 struct FreeBlock {
-  FreeBlock* Next;
+  FreeBlock* Next;       ///< of the same batch
+  FreeBlock* NextBatch;  ///< of the first block of a batch in the common stock
 };
 
-/// A chain of free blocks with its length.
-struct Stock {
+/// A chain of free blocks with the number of those that were given back since a batch was taken.
+struct Chain {
   FreeBlock* First = nullptr;
   std::size_t Count = 0;
 
-  void Push(FreeBlock* block) {
-    block->Next = First;
-    First = block;
+  void Push(void* block) {
+    First = new (block) FreeBlock{First, nullptr};
     ++Count;
   }
-  FreeBlock* Pop() {
+  void* Pop() {
     FreeBlock* block = First;
     First = block->Next;
-    --Count;
+    Count -= Count > 0 ? 1 : 0;
     return block;
   }
+};
+
+/// The free blocks of one size that a thread has: those that were given back, and the rest of a chunk.
+struct Stock {
+  Chain Returned;
+  std::byte* Rest = nullptr;
+  std::byte* RestEnd = nullptr;
 };
 
 /// What the threads share. It is never destroyed, for objects with static storage may free their blocks late.
@@ -64,47 +72,72 @@ public:
     return common;
   }
 
-  /// Moves up to a batch of blocks of a class into `stock`; a new chunk is cut up when there are none.
+  /// Gives a thread that has no block left a batch of returned ones, or else a new chunk.
   void Fill(Stock& stock, std::size_t sizeClass) {
     const std::scoped_lock lock(Mutex);
-    Stock& common = Stocks[sizeClass];
-    if (!common.First) CutChunk(common, (sizeClass + 1) * Granule);
-    for (std::size_t i = 0; i < BatchBlocks && common.First; ++i) stock.Push(common.Pop());
+    FreeBlock*& batches = Batches[sizeClass];
+    if (batches) {
+      stock.Returned.First = std::exchange(batches, batches->NextBatch);
+      return;
+    }
+    stock.Rest = static_cast<std::byte*>(std::malloc(ChunkBytes));
+    stock.RestEnd = stock.Rest ? stock.Rest + ChunkBytes : nullptr;
   }
 
-  void TakeBack(Stock& stock, std::size_t sizeClass, std::size_t count) {
+  /// Takes all blocks of a chain back, as one batch.
+  void TakeBack(Chain& chain, std::size_t sizeClass) {
+    if (!chain.First) return;
     const std::scoped_lock lock(Mutex);
-    for (std::size_t i = 0; i < count && stock.First; ++i) Stocks[sizeClass].Push(stock.Pop());
+    chain.First->NextBatch = Batches[sizeClass];
+    Batches[sizeClass] = chain.First;
+    chain = {};
   }
 
 private:
-  static void CutChunk(Stock& stock, std::size_t blockBytes) {
-    auto* chunk = static_cast<std::byte*>(std::malloc(ChunkBytes));
-    if (!chunk) return;
-    for (std::size_t end = ChunkBytes; end >= blockBytes; end -= blockBytes) {
-      stock.Push(reinterpret_cast<FreeBlock*>(chunk + end - blockBytes));
-    }
-  }  // NOLINT(clang-analyzer-unix.Malloc): the blocks in the stock are the chunk
-
   std::mutex Mutex;
-  std::array<Stock, ClassCount> Stocks;
+  std::array<FreeBlock*, ClassCount> Batches{};
 };
-
-struct ThreadStock {
-  std::array<Stock, ClassCount> Stocks;
-
-  ThreadStock() = default;
-  ThreadStock(const ThreadStock&) = delete;
-  ThreadStock& operator=(const ThreadStock&) = delete;
-  ~ThreadStock() {
-    for (std::size_t i = 0; i < ClassCount; ++i) CommonStock::Get().TakeBack(Stocks[i], i, SIZE_MAX);
-  }
-};
-
-thread_local ThreadStock Mine;
 
 constexpr std::size_t SizeClass(std::size_t size) {
   return size == 0 ? 0 : (size - 1) / Granule;
+}
+constexpr std::size_t BlockBytes(std::size_t sizeClass) {
+  return (sizeClass + 1) * Granule;
+}
+
+// A block costs no call for its thread's stock: the library's few words have a fixed place in each thread.
+[[gnu::tls_model("initial-exec")]] thread_local constinit std::array<Stock, ClassCount> Stocks{};
+
+bool HasRest(const Stock& stock, std::size_t blockBytes) {
+  return static_cast<std::size_t>(stock.RestEnd - stock.Rest) >= blockBytes;
+}
+
+void* TakeRest(Stock& stock, std::size_t blockBytes) {
+  void* block = stock.Rest;
+  stock.Rest += blockBytes;
+  return block;
+}
+
+/// Hands a thread's free blocks on when the thread ends.
+struct StockReturner {
+  StockReturner() = default;
+  StockReturner(const StockReturner&) = delete;
+  StockReturner& operator=(const StockReturner&) = delete;
+  ~StockReturner() {
+    for (std::size_t i = 0; i < ClassCount; ++i) {
+      while (HasRest(Stocks[i], BlockBytes(i))) Stocks[i].Returned.Push(TakeRest(Stocks[i], BlockBytes(i)));
+      CommonStock::Get().TakeBack(Stocks[i].Returned, i);
+    }
+  }
+  void Touch() const {}
+};
+
+void* AllocateFromCommon(Stock& stock, std::size_t sizeClass) noexcept {
+  thread_local const StockReturner returner;
+  returner.Touch();
+  CommonStock::Get().Fill(stock, sizeClass);
+  if (stock.Returned.First) return stock.Returned.Pop();
+  return HasRest(stock, BlockBytes(sizeClass)) ? TakeRest(stock, BlockBytes(sizeClass)) : nullptr;
 }
 
 }  // namespace
@@ -112,9 +145,10 @@ constexpr std::size_t SizeClass(std::size_t size) {
 void* BlockPool::Allocate(std::size_t size) noexcept {
   if (size > LargestBlock) return std::malloc(size);
   const std::size_t sizeClass = SizeClass(size);
-  Stock& stock = Mine.Stocks[sizeClass];
-  if (!stock.First) CommonStock::Get().Fill(stock, sizeClass);
-  return stock.First ? stock.Pop() : nullptr;
+  Stock& stock = Stocks[sizeClass];
+  if (stock.Returned.First) return stock.Returned.Pop();
+  if (HasRest(stock, BlockBytes(sizeClass))) return TakeRest(stock, BlockBytes(sizeClass));
+  return AllocateFromCommon(stock, sizeClass);
 }
 
 void BlockPool::Free(void* block, std::size_t size) noexcept {
@@ -124,9 +158,9 @@ void BlockPool::Free(void* block, std::size_t size) noexcept {
     return;
   }
   const std::size_t sizeClass = SizeClass(size);
-  Stock& stock = Mine.Stocks[sizeClass];
-  stock.Push(static_cast<FreeBlock*>(block));
-  if (stock.Count > 2 * BatchBlocks) CommonStock::Get().TakeBack(stock, sizeClass, BatchBlocks);
+  Chain& returned = Stocks[sizeClass].Returned;
+  returned.Push(block);
+  if (returned.Count >= BatchBlocks) CommonStock::Get().TakeBack(returned, sizeClass);
 }
 
 #endif
