@@ -24,5 +24,5 @@ public:
   void RemoveChildren();
 
 private:
-  qelvrml::NameIndexedList Children;
+  qelvrml::NameIndexedList Children{nullptr};
 };

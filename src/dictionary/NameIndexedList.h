@@ -17,7 +17,8 @@ public:
   /// Gives the key of a word; nothing for a word that no search finds.
   using KeyFunction = std::optional<std::uint32_t> (*)(void* data);
 
-  explicit NameIndexedList(KeyFunction keyOf = nullptr) : KeyOf(keyOf) {}
+  /// `keyOf` may be null: then nothing is found by a key.
+  explicit NameIndexedList(KeyFunction keyOf) : KeyOf(keyOf) {}
   NameIndexedList(const NameIndexedList& other) : CKelList(), KeyOf(other.KeyOf) {}
   NameIndexedList& operator=(const NameIndexedList& other);
   ~NameIndexedList() override = default;

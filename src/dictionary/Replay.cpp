@@ -1,5 +1,6 @@
 // Replay: running the define operation of an entry again.
 
+#include "dictionary/CVRMLDictionaryProtoUse.h"
 #include "dictionary/CVRMLDictionarySeparator.h"
 #include "dictionary/GeometryEntries.h"
 #include "dictionary/PropertyEntries.h"
@@ -77,6 +78,10 @@ bool CVRMLParser::ReplayEntry(CVRMLDictionaryEntry& entry) {
     case DictionaryEntryTranslation:
       return DefineTranslation(static_cast<CVRMLDictionaryTranslation&>(entry).GetTranslation());
     case DictionaryEntryUse: return DefineUse(entry.GetName());
+    case DictionaryEntryProtoUse: {
+      const auto& instance = static_cast<CVRMLDictionaryProtoUse&>(entry);
+      return DefineProtoUse(instance.GetPrototypeName(), instance.GetFieldText(), instance.GetFieldTextLength());
+    }
     default: return false;
   }
 }

@@ -1,9 +1,14 @@
 #pragma once
 
+#include <string>
+
 #include "foundation/Export.h"
 #include "parser/VRMLTokenTypes.h"
 #include "parser/VRMLTypes.h"
 #include "platform/genparse/CGenericParser.h"
+#include "prototypes/VRMLFieldTypes.h"
+
+class CVRMLPrototype;
 
 /// The token source of a VRML file: a tokenizer with the VRML keywords and the check of the header line.
 ///
@@ -40,7 +45,35 @@ public:
   bool GetCurrentTokenEndsField() const { return EndsField(GetCurrentTokenType()); }
   bool GetNextTokenEndsField() const { return EndsField(GetNextTokenType()); }
 
+  // Capturing tokens as text. Without a place to write to, a call only measures: it adds to the sum of the texts'
+  // lengths and to the count of tokens; `total` is the count of the text that is being written. No prototype names are
+  // looked up.
+
+  /// Measures or writes the current token and moves on; false at the end of the input.
+  bool CaptureToken(char** out, int* sum, int* count, int total);
+  /// The same for the tokens of a value of that type; false if none was taken.
+  bool CaptureFieldValue(char** out, int* sum, int* count, int total, VRMLFieldTypes type,
+                         const CVRMLPrototype* prototype);
+  /// A value of that type as a new text, which the caller frees. False, and no text, if there is none.
+  bool CaptureFieldText(char** text, int* length, VRMLFieldTypes type, const CVRMLPrototype* prototype);
+  /// The block that opens at the current token, or the default value there, as a new text, which the caller frees.
+  /// Braces aren't part of the text, brackets are. False, and no text, for an empty block.
+  bool CaptureBlockText(char** text, int* length, bool fieldDefault);
+  /// Adds the current token's text in the form in which it stays one token when it is read again.
+  void AppendCapturedText(std::string& text);
+
 private:
+  template <class Take>
+  bool CaptureList(Take take);
+  template <class Take>
+  bool CaptureTuple(Take take, int numbers);
+  template <class Take>
+  bool CaptureImage(Take take);
+  template <class Take>
+  bool CaptureNodes(Take take);
+  void MeasureBlock(bool fieldDefault, int& sum, int& count);
+  bool WriteTokens(char* out, int length, int total);
+
   static bool IsBeginType(VRMLTokenTypes type);
   static bool IsEndType(VRMLTokenTypes type);
   static bool EndsField(VRMLTokenTypes type);

@@ -7,6 +7,7 @@
 #include "foundation/CBasicListIterator.h"
 #include "foundation/CutToInt.h"
 #include "platform/brixex/MatrixFunctions.h"
+#include "prototypes/CVRMLPrototype.h"
 
 namespace {
 
@@ -28,9 +29,11 @@ std::optional<std::uint32_t> KeyOfEntry(void* data) {
   return entry->GetNameHash();
 }
 
+std::optional<std::uint32_t> KeyOfPrototype(void* data) { return static_cast<CVRMLPrototype*>(data)->GetNameHash(); }
+
 }  // namespace
 
-CVRMLParser::CVRMLParser() : ObjectDictionary(KeyOfEntry) {
+CVRMLParser::CVRMLParser() : ObjectDictionary(KeyOfEntry), PrototypeDictionary(KeyOfPrototype) {
   InitializeVariables();
 }
 
@@ -45,6 +48,7 @@ CVRMLParser::CVRMLParser(const CVRMLParser& other) : CVRMLParser() {
 
 CVRMLParser& CVRMLParser::operator=(const CVRMLParser& other) {
   if (this == &other) return *this;
+  ClearPrototypeDictionary();
   ClearObjectDictionary();
   ClearSeparatorStack();
   World = other.World;
@@ -63,6 +67,7 @@ CVRMLParser& CVRMLParser::operator=(const CVRMLParser& other) {
 }
 
 CVRMLParser::~CVRMLParser() {
+  ClearPrototypeDictionary();
   ClearObjectDictionary();
   ClearSeparatorStack();
 }
@@ -84,6 +89,9 @@ VRMLLoadResultTypes CVRMLParser::Parse(CKelWorld* world, const CBasicString& fil
   ReplaceWorldOfOpenSeparators(World, world);
   SetWorld(world);
   ReplayCost = 0;
+  Subfiles = 0;
+  MissingFiles.clear();
+  MissingFileNames.clear();
   IOManager.SetFilename(file);
   const VRMLLoadResultTypes opened = IOManager.OpenFile();
   return opened == VRMLLoadOK ? ReadScene() : opened;
@@ -91,6 +99,7 @@ VRMLLoadResultTypes CVRMLParser::Parse(CKelWorld* world, const CBasicString& fil
 
 VRMLLoadResultTypes CVRMLParser::ReadScene() {
   VRMLLoadResultTypes result = VRMLLoadFailed;
+  FilesBeingRead = {IOManager.GetFileInterface().GetIdentity()};
   DefineSeparator();
   while (GetCurrentTokenType() != VRMLTokenEndOfFile) {
     if (ParseBlock()) result = VRMLLoadOK;
@@ -153,6 +162,7 @@ brixMatrix4x4 CVRMLParser::CreateBaseTranslationMatrix() {
 
 bool CVRMLParser::Tokenize() {
   if (!IOManager.Tokenize()) return false;
+  MarkPrototypeNames();
   UpdateStatus();
   return true;
 }

@@ -4,6 +4,9 @@
 #include <initializer_list>
 #include <memory>
 #include <new>
+#include <string>
+#include <unordered_set>
+#include <vector>
 
 #include "dictionary/NameIndexedList.h"
 #include "foundation/CBasicString.h"
@@ -28,6 +31,7 @@
 #include "scene/CVRMLSeparator.h"
 
 class CVRMLDictionaryEntry;
+class CVRMLPrototype;
 
 /// Loads VRML 1.0 and 2.0 scenes into a world.
 ///
@@ -189,6 +193,12 @@ public:
   // --- Grouping nodes
 
   bool ParseSeparator();
+  bool ParseGroup();
+  bool ParseShape();
+  bool ParseAppearance();
+  bool ParseSwitch();
+  bool ParseLevelOfDetail();
+  bool ParseCollision();
 
   // --- Dictionary
 
@@ -261,8 +271,44 @@ public:
   bool DefineIndexedSet(bool isFaceSet, const brixIntArray& coordIndex, const brixIntArray& materialIndex,
                         const brixIntArray& normalIndex);
 
+  // --- Prototypes
+
+  /// All prototypes, in the order of their declaration.
+  CKelList* GetPrototypeDictionary() { return &PrototypeDictionary; }
+  /// The first prototype whose name has the hash of `name`; null if there is none.
+  CVRMLPrototype* FindPrototype(const CBasicString& name);
+  CVRMLPrototype* FindPrototype(const char* name);
+  /// Takes a prototype over; false for null.
+  bool AddPrototypeToDictionary(CVRMLPrototype* prototype);
+  /// Gives a prototype back to the caller; false for null.
+  bool RemovePrototypeFromDictionary(CVRMLPrototype* prototype);
+  void ClearPrototypeDictionary();
+  bool ParseProto();
+  bool ParseExternProto();
+  bool ParseProtoUse();
+  /// Expands an instance from its captured text, which may be null, and reads its nodes.
+  bool DefineProtoUse(const CBasicString& name, const char* text, int length);
+
+  // --- Files
+
+  bool ParseWWWInline();
+  /// Reads a whole file at this point of the scene; true if one of its statements gave true. False for a file that
+  /// can't be opened, isn't VRML, or is being read already.
+  bool ParseSubfile(const CBasicString& path);
+  /// Turns a name into a path in the folder of the current file; only the name's last component counts. False for an
+  /// empty one.
+  bool CreateSubfilePath(CBasicString& path) const;
+  /// Removes every double quote; true if there was one.
+  static bool RemoveQuotes(CBasicString& text);
+  /// Paths of the files that the last load asked for and couldn't open, each once, in the order of asking.
+  const std::vector<CBasicString>& GetMissingFiles() const { return MissingFiles; }
+
 protected:
   void InitializeVariables();
+  /// What the support-file callback gives for a URL; empty without one.
+  CBasicString GetResolvedFile(const CBasicString& url);
+  /// Whether a path names a file that can be opened for reading.
+  static bool FileExists(const CBasicString& path);
 
 private:
   // Steps that all node parsers share.
@@ -335,7 +381,8 @@ private:
   bool PassOverUnopened();
   bool StepOverPassedStretch(bool& result);
   void PassOverStatement();
-  void SkipByParsing();
+  bool SkipNode();
+  bool TrySkipByParsing();
   bool AtOpenSeparatorLimit();
 
   // Loading.
@@ -348,6 +395,26 @@ private:
   bool DefineNodeSeparator();
   void ClearDefinedName();
   void HandGroupOn(CVRMLSeparator& closing, const CVRMLSeparator* parent);
+  CVRMLSeparator* FindOpenSeparator(std::uint64_t serial);
+
+  // Grouping nodes.
+
+  void StepToOpenBrace();
+  void ParseNodeOrList(bool& result);
+  bool ParseShapeGeometry();
+  bool OpenGeometryScope();
+  void ParseChosenChild(int chosen);
+  bool ParseCollisionField(bool& result);
+
+  // Prototypes and files.
+
+  void MarkPrototypeNames();
+  void ParseInterface(CVRMLPrototype& prototype);
+  void ParseInterfaceField(CVRMLPrototype& prototype);
+  void ReadExpandedText(const char* text, int length, bool recorded);
+  CBasicString TakeFirstUrl();
+  bool ReadSubfile(CVRMLIOManager& subfile);
+  void NoteMissingFile(const CBasicString& path);
 
   // Dictionary.
 
@@ -383,6 +450,7 @@ private:
   CVRMLIOManager IOManager;
   CKelList SeparatorStack;
   qelvrml::NameIndexedList ObjectDictionary;
+  qelvrml::NameIndexedList PrototypeDictionary;
   bool DefinedEntity = false;
   CBasicString EntityName;
   bool AllowDictionaryUpdate = true;
@@ -393,7 +461,12 @@ private:
   SupportFileFunction GetSupportFilePtr = nullptr;
   int LastWarning = 0;
 
-  int Nesting = 0;               ///< ParseBlock calls inside one another
-  std::uint64_t ReplayCost = 0;  ///< spent in this load
-  std::uint64_t LastSerial = 0;  ///< of the newest separator
+  std::vector<CBasicString> MissingFiles;
+  std::unordered_set<std::u16string> MissingFileNames;
+  std::vector<qelvrml::FileIdentity> FilesBeingRead;  ///< the main file, then the subfiles inside one another
+  int Subfiles = 0;                                   ///< asked for in this load
+  int Expansions = 0;                                 ///< prototypes expanded inside one another
+  int Nesting = 0;                                    ///< ParseBlock calls inside one another
+  std::uint64_t ReplayCost = 0;                       ///< spent in this load
+  std::uint64_t LastSerial = 0;                       ///< of the newest separator
 };

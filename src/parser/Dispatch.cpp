@@ -41,20 +41,21 @@ struct CVRMLParser::NodeTable {
       {VRMLTokenSPOTLIGHT, &CVRMLParser::ParseSpotLight},
       {VRMLTokenTRANSFORM, &CVRMLParser::ParseTransform},
       {VRMLTokenTRANSLATION, &CVRMLParser::ParseTranslation},
+      {VRMLTokenAPPEARANCE, &CVRMLParser::ParseAppearance},
+      {VRMLTokenCOLLISION, &CVRMLParser::ParseCollision},
+      {VRMLTokenEXTERNPROTO, &CVRMLParser::ParseExternProto},
+      {VRMLTokenINLINE, &CVRMLParser::ParseWWWInline},
+      {VRMLTokenLOD, &CVRMLParser::ParseLevelOfDetail},
+      {VRMLTokenPROTO, &CVRMLParser::ParseProto},
+      {VRMLTokenSHAPE, &CVRMLParser::ParseShape},
+      {VRMLTokenSWITCH, &CVRMLParser::ParseSwitch},
+      {VRMLTokenProtoUse, &CVRMLParser::ParseProtoUse},
       // Nodes that have no effect yet.
-      {VRMLTokenAPPEARANCE, &CVRMLParser::PassOverNode},
-      {VRMLTokenCOLLISION, &CVRMLParser::PassOverNode},
       {VRMLTokenELEVATIONGRID, &CVRMLParser::PassOverNode},
-      {VRMLTokenEXTERNPROTO, &CVRMLParser::PassOverNode},
       {VRMLTokenEXTRUSION, &CVRMLParser::PassOverNode},
       {VRMLTokenIMAGETEXTURE, &CVRMLParser::PassOverNode},
-      {VRMLTokenINLINE, &CVRMLParser::PassOverNode},
-      {VRMLTokenLOD, &CVRMLParser::PassOverNode},
       {VRMLTokenPIXELTEXTURE, &CVRMLParser::PassOverNode},
       {VRMLTokenPOINTSET, &CVRMLParser::PassOverNode},
-      {VRMLTokenPROTO, &CVRMLParser::PassOverNode},
-      {VRMLTokenSHAPE, &CVRMLParser::PassOverNode},
-      {VRMLTokenSWITCH, &CVRMLParser::PassOverNode},
       {VRMLTokenTEXTURECOORDINATE, &CVRMLParser::PassOverNode},
       {VRMLTokenTEXTURETRANSFORM, &CVRMLParser::PassOverNode},
       {VRMLTokenTRIANGLESTRIPSET, &CVRMLParser::PassOverNode},
@@ -134,6 +135,7 @@ bool CVRMLParser::Dispatch(bool& result, int& depth) {
 
 bool CVRMLParser::ParseGroupKeyword(int& depth) {
   if (AtOpenSeparatorLimit()) return PassOverUnopened();
+  if (GetVersion() == VRMLVersion20) return ParseGroup();
   if (!ParseSeparator()) return false;
   ++depth;
   return true;

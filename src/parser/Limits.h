@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 
 /// What a file may make the library do. Beyond a limit the part of the file is left out in an orderly way.
@@ -9,6 +10,12 @@ namespace qelvrml {
 inline constexpr int MaximumNesting = 500;
 /// Open separators: a replay recurses once for each.
 inline constexpr int MaximumOpenSeparators = 500;
+/// Prototypes expanded inside one another: endless expansion ends here, and no scene nests deeper.
+inline constexpr int MaximumExpansions = 64;
+/// Subfiles inside one another.
+inline constexpr std::size_t MaximumSubfileNesting = 16;
+/// Subfiles in a load: small files that include each other twice end here in seconds.
+inline constexpr int MaximumSubfiles = 65'536;
 /// Cost of all replays and expansions of one load; at this bound a load takes seconds, whatever the file multiplies.
 inline constexpr std::uint64_t MaximumReplayCost = 268'435'456;
 /// What a recorded entry costs at each replay, beside what it copies.

@@ -5,11 +5,7 @@
 #include "parser/Limits.h"
 
 void CVRMLParser::SkipBlock(GenericTokenTypes open, GenericTokenTypes close, bool advance) {
-  MoveUpToInterestingToken();
-  if (!GetCurrentTokenBeginType() && !GetNextTokenBeginType()) {
-    SkipByParsing();
-    return;
-  }
+  if (TrySkipByParsing()) return;
   if (GetNextTokenDataType() != close) {
     if (IOManager.FindBlockEnd(open, close)) IOManager.DecrementOffset();
     Tokenize();
@@ -20,16 +16,29 @@ void CVRMLParser::SkipBlock(GenericTokenTypes open, GenericTokenTypes close, boo
 
 // Behind a DEF or a USE the node is parsed with all effects off. Where it ended is remembered, so that nodes inside one
 // another are parsed once for this purpose and not once for each level above them.
-void CVRMLParser::SkipByParsing() {
+bool CVRMLParser::TrySkipByParsing() {
+  MoveUpToInterestingToken();
+  if (GetCurrentTokenBeginType() || GetNextTokenBeginType()) return false;
   const qelvrml::ScopedValue<bool> skipping(SkippingBlock, true);
   const qelvrml::ScopedValue<bool> update(AllowDictionaryUpdate, false);
   const char* begin = IOManager.GetCurrentPlace();
   const bool result = ParseBlock();
   IOManager.RememberStretch(begin, result);
+  return true;
 }
 
 bool CVRMLParser::StepOverPassedStretch(bool& result) {
-  return IOManager.StepOverStretch(result);
+  if (!IOManager.StepOverStretch(result)) return false;
+  MarkPrototypeNames();
+  return true;
+}
+
+// Passes over a node; true if it was parsed for that, and the current token is then behind it and not on its last
+// token.
+bool CVRMLParser::SkipNode() {
+  if (TrySkipByParsing()) return true;
+  SkipBlock(false);
+  return false;
 }
 
 bool CVRMLParser::PassOverNode() {

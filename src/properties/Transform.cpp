@@ -77,14 +77,7 @@ void CVRMLParser::PassOverChildren(CGenericIOState& children) {
 bool CVRMLParser::ReadTransformChildren(const CGenericIOState& children, bool result) {
   CGenericIOState end;
   SaveIOState(end);
-  if (RestoreIOState(children)) {
-    if (GetCurrentTokenType() == VRMLTokenOpenBracket) {
-      Tokenize();
-      result = ParseBlocksUpToBracket() || result;
-    } else {
-      result = ParseBlock();
-    }
-  }
+  if (RestoreIOState(children)) ParseNodeOrList(result);
   RestoreIOState(end);
   PopSeparator();
   return result;

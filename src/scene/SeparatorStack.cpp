@@ -80,8 +80,7 @@ void CVRMLParser::ClearSeparatorStack() {
 }
 
 bool CVRMLParser::ParseSeparator() {
-  while (GetCurrentTokenType() != VRMLTokenOpenBrace && Tokenize()) {
-  }
+  StepToOpenBrace();
   if (GetCurrentTokenType() != VRMLTokenOpenBrace) return false;
 
   // Two fields may stand in front of the statements; their values have no effect.

@@ -46,6 +46,7 @@ bool CKelFileInterface::Open(const CBasicString& path, FileInterfaceTypes /*type
     return false;
   }
   FileSize = static_cast<std::size_t>(std::max<off_t>(status.st_size, 0));
+  Identity = {status.st_dev, status.st_ino};
   return true;
 }
 

@@ -8,6 +8,18 @@
 #include "foundation/Export.h"
 #include "platform/fileint/FileText.h"
 
+namespace qelvrml {
+
+/// Tells a file from all others, by whatever path it was opened.
+struct FileIdentity {
+  std::uint64_t Device = 0;
+  std::uint64_t Number = 0;
+
+  bool operator==(const FileIdentity& other) const = default;
+};
+
+}  // namespace qelvrml
+
 /// How a file is to be opened.
 enum FileInterfaceTypes : std::uint32_t {
   FileInterfacePlain = 0,  ///< a file of the file system
@@ -37,6 +49,7 @@ public:
   bool GetFileHandleIsValid() const { return Descriptor >= 0; }
   /// Reads what is left of the file into memory; true if there was anything.
   bool ReadNextBlockFromFile();
+  qelvrml::FileIdentity GetIdentity() const { return Identity; }
   FileInterfaceTypes IdentifyFileType(const CBasicString& /*path*/) const { return FileInterfacePlain; }
 
   /// What ReadNextBlockFromFile has read last; null if nothing.
@@ -49,6 +62,7 @@ private:
 
   int Descriptor = -1;
   std::size_t FileSize = 0;
+  qelvrml::FileIdentity Identity;
   bool ReadFailed = false;
   std::shared_ptr<const qelvrml::FileText> Block;
 };
