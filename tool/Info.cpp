@@ -131,6 +131,7 @@ void PrintInfo(const LoadedFile& file) {
   Line("faces", census.Faces);
   Line("triangles", census.Triangles);
   PrintTextures(textures, census);
+  for (const std::string& name : file.MissingFiles) Line("not found", name);
   std::ostringstream time;
   time << std::fixed << std::setprecision(1) << file.Seconds * 1000.0 << " ms";
   Line("time", time.str());

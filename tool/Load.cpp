@@ -49,6 +49,7 @@ LoadedFile LoadFile(const std::string& path) {
   file.Seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
   file.Units = parser.GetImageUnits();
   file.Warning = parser.GetLastWarning();
+  for (const CBasicString& name : parser.GetMissingFiles()) file.MissingFiles.push_back(ToUtf8(name.GetWideText()));
   return file;
 }
 

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "parser/CVRMLParser.h"
 #include "platform/brixex/CKelWorld.h"
@@ -13,7 +14,8 @@ struct LoadedFile {
   VRMLLoadResultTypes Result = VRMLLoadFailed;
   VRMLImageUnitsTypes Units = VRMLUnitsMeters;
   int Warning = 0;
-  double Seconds = 0.0;  ///< time of the load
+  std::vector<std::string> MissingFiles;  ///< asked for by the scene and not found
+  double Seconds = 0.0;                   ///< time of the load
 };
 
 /// Loads a file, with a progress bar if standard error is a terminal.
