@@ -1,0 +1,114 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "support/Model.h"
+
+namespace {
+
+const std::string Header = "#VRML V2.0 utf8\n";
+
+class SubfileTest : public testing::Test {
+protected:
+  Model LoadMain(const std::string& scene) { return LoadFile(Folder.Write("main.wrl", Header + scene)); }
+  TemporaryFolder Folder;
+};
+
+TEST_F(SubfileTest, NodesLandInThePlaceOfTheNode) {
+  Folder.Write("part.wrl", Header + "DEF b Box {} PROTO Ball [] { Sphere {} }");
+  const Model model =
+      LoadMain(R"(Transform { translation 1 0 0 children Inline { bboxSize 1 1 1 url [ "part.wrl" "other.wrl" ] } }
+    USE b Ball { })");
+  ASSERT_EQ(model.Classes(), "brixBox brixBox brixSphere") << "names and prototypes of the file stay";
+  EXPECT_THAT(model.Centre(0), IsPoint(1, 0, 0));
+  EXPECT_EQ(model.Name(0), "b");
+}
+
+// Only the last component of a URL counts, and it is looked for beside the file that names it.
+TEST_F(SubfileTest, NamesBecomePathsBesideTheFile) {
+  Folder.Write("part.wrl", Header + "Box {}");
+  Folder.Write("plain", "#VRML V1.0 ascii\nSphere {}");
+  for (const std::string url : {"part.wrl", "sub/part.wrl", "../part.wrl", "http://host/a/b/part.wrl",
+                                "c:\\\\models\\\\part.wrl", "C:part.wrl", "PART.wrl"}) {
+    EXPECT_EQ(LoadMain("Inline { url \"" + url + "\" }").Classes(), "brixBox") << url;
+  }
+  EXPECT_EQ(LoadMain("Inline { url \"plain\" }").Classes(), "brixSphere")
+      << "a file of version 1.0, without an extension";
+  EXPECT_EQ(LoadMain("WWWInline { name \"part.wrl\" } Sphere {}").Classes(), "brixBox brixSphere");
+}
+
+TEST_F(SubfileTest, NestedFilesLookBesideThemselves) {
+  Folder.Write("part.wrl", Header + "Sphere {}");
+  const std::string main = Folder.Write("main.wrl", Header + "Inline { url \"middle.wrl\" } Box {}");
+  Folder.Write("middle.wrl", Header + "Inline { url \"part.wrl\" } DEF m Box {}");
+  EXPECT_EQ(LoadFile(main).Classes(), "brixSphere brixBox brixBox");
+}
+
+TEST_F(SubfileTest, MissingFilesAreNoted) {
+  Folder.Write("text.wrl", "no header");
+  const Model model =
+      LoadMain(R"(Inline { url "none.wrl" } Inline { url "none.wrl" } Inline { url "text.wrl" } Inline { }
+    Inline { url [ ] } EXTERNPROTO P [ field SFFloat f ] "lost.wrl#P" Box {})");
+  EXPECT_EQ(model.Classes(), "brixBox");
+  std::vector<std::string> missing;
+  for (const CBasicString& path : model.Parser->GetMissingFiles())
+    missing.push_back(std::filesystem::path(path.GetNarrowText()).filename());
+  EXPECT_THAT(missing, testing::ElementsAre("none.wrl", "]", "lost.wrl#P"));
+}
+
+TEST_F(SubfileTest, ExternPrototypesAreReadInPlace) {
+  Folder.Write("lib.wrl", Header + "PROTO Ball [ field SFFloat r 1 ] { Sphere { radius IS r } } Box {}");
+  const Model model = LoadMain(R"(EXTERNPROTO Ball [ field SFFloat r ] [ "lib.wrl" "other.wrl" ] Ball { r 3 }
+    EXTERNPROTO Other [ ] "lib.wrl" Other { })");
+  EXPECT_EQ(model.Classes(), "brixBox brixSphere brixBox");
+  EXPECT_THAT(model.Extents(1), IsPoint(6, 6, 6));
+}
+
+TEST_F(SubfileTest, CirclesEnd) {
+  EXPECT_EQ(LoadMain("Box {} Inline { url \"main.wrl\" }").Size(), 1U);
+  Folder.Write("a.wrl", Header + "Box {} Inline { url \"b.wrl\" }");
+  Folder.Write("b.wrl", Header + "Box {} Inline { url \"a.wrl\" } Inline { url \"MAIN.wrl\" }");
+  EXPECT_EQ(LoadMain("Inline { url \"a.wrl\" } Sphere {}").Size(), 3U);
+}
+
+TEST_F(SubfileTest, NestingIsBounded) {
+  for (int i = 0; i < 20; ++i) {
+    Folder.Write("f" + std::to_string(i) + ".wrl",
+                 Header + "Box {} Inline { url \"f" + std::to_string(i + 1) + ".wrl\" }");
+  }
+  EXPECT_EQ(LoadMain("Inline { url \"f0.wrl\" } Sphere {}").Size(), 16U + 1U);
+}
+
+TEST_F(SubfileTest, SkippedInlinesHaveNoEffect) {
+  Folder.Write("part.wrl", Header + "DEF p Box {}");
+  EXPECT_EQ(LoadMain("Collision { proxy DEF x Inline { url \"part.wrl\" } } USE p Sphere {}").Classes(), "brixSphere");
+}
+
+class SupportParser : public CVRMLParser {
+public:
+  using CVRMLParser::FileExists;
+  using CVRMLParser::GetResolvedFile;
+};
+
+TEST_F(SubfileTest, TheHostResolvesSupportFiles) {
+  SupportParser parser;
+  EXPECT_EQ(parser.GetResolvedFile("a.png").GetLength(), 0) << "no callback";
+  parser.GetIOManager()->SetFilename("scene.wrl");
+  parser.SetGetSupportFilePtr([](CBasicString current, CBasicString wanted, CBasicString& path) {
+    path = current + "/" + wanted;
+    return wanted == "bad.png" ? 0 : 1;
+  });
+  EXPECT_TRUE(parser.GetResolvedFile("a.png") == "scene.wrl/a.png");
+  EXPECT_EQ(parser.GetResolvedFile("bad.png").GetLength(), 0);
+  EXPECT_TRUE(SupportParser::FileExists(Folder.Write("x", "").c_str()));
+  EXPECT_FALSE(SupportParser::FileExists(Folder.Path().c_str()));
+  EXPECT_FALSE(SupportParser::FileExists(""));
+}
+
+TEST(Quotes, AreRemovedEverywhere) {
+  CBasicString text("\"a\"b\"");
+  EXPECT_TRUE(CVRMLParser::RemoveQuotes(text));
+  EXPECT_TRUE(text == "ab");
+  EXPECT_FALSE(CVRMLParser::RemoveQuotes(text));
+}
+
+}  // namespace

@@ -1,0 +1,199 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "prototypes/CVRMLPrototype.h"
+#include "support/Model.h"
+
+namespace {
+
+std::string Take(char* text, int length) {
+  const qelvrml::AllocatedText owned(text);
+  return text ? std::string(text, static_cast<std::size_t>(length)) : "";
+}
+
+// What an instance of the first prototype of a scene expands to.
+std::string Expanded(const std::string& scene, const std::string& instance) {
+  const Model model = Load20(scene);
+  auto* prototype = static_cast<CVRMLPrototype*>(model.Parser->GetPrototypeDictionary()->GetHead());
+  char* text = nullptr;
+  int length = 0;
+  if (!prototype || !prototype->CreateInstanceText(instance.c_str(), static_cast<int>(instance.size()), &text, &length))
+    return "none";
+  return Take(text, length);
+}
+
+TEST(Prototype, ValuesTakeThePlaceOfTheirReferences) {
+  const std::string ball = "PROTO Ball [ field SFFloat r 2 ] { Sphere { radius IS r } } ";
+  EXPECT_EQ(Expanded(ball, ""), "Sphere { radius 2 }");
+  EXPECT_EQ(Expanded(ball, "r 5"), "Sphere { radius 5 }");
+  EXPECT_EQ(Expanded(ball, "R 5 r 6 7"), "Sphere { radius 6 }") << "names are exact, and what is left over goes by";
+  EXPECT_EQ(Expanded("PROTO P [ field SFColor c 1 0 0 ] { a IS c b IS c d IS none }", "c 0 1 0 9"),
+            "a 0 1 0 b 0 1 0 d");
+  EXPECT_EQ(
+      Expanded("PROTO P [ eventIn SFFloat e field SFFloat f field MFFloat g [ 1 2 ] exposedField SFBool h TRUE ] { x }",
+               "h FALSE"),
+      "x f  g [ 1 2 ] h FALSE")
+      << "what no IS takes stands behind the body";
+  EXPECT_EQ(Expanded("PROTO P [ field MFNode n [ Box {} ] field SFInt32 i 4 ] { children IS n size IS i }", "i 5"),
+            "children [ Box { } ]\n size ")
+      << "a type without a form takes nothing from an instance";
+  EXPECT_EQ(Expanded("PROTO P [] { }", ""), "none");
+}
+
+TEST(Prototype, InstancesAreNodesOfTheScene) {
+  struct Case {
+    std::string Scene;
+    std::string Classes;
+  };
+  const std::string ball = "PROTO Ball [ field SFFloat r 2 ] { Shape { geometry Sphere { radius IS r } } } ";
+  for (const auto& [scene, classes] :
+       {Case{ball + "Ball { } Box {}", "brixSphere brixBox"},
+        Case{ball + "Group { children [ Ball { r 1 } Ball { } ] }", "brixSphere brixSphere"},
+        Case{ball + "DEF a Ball { } USE a", "brixSphere brixSphere"}, Case{"Ball { } " + ball, ""},
+        Case{"PROTO Box [] { Sphere {} } Box { }", "brixBox"},
+        Case{ball + "PROTO Ball [] { Box {} } Ball { }", "brixSphere"},
+        Case{ball + "PROTO Two [] { Ball { r 3 } Ball { } } Two { }", "brixSphere brixSphere"},
+        Case{"PROTO Outer [] { PROTO Inner [ field SFFloat s 1 ] { Sphere { radius IS s } } Box {} } Outer { } Inner { "
+             "}",
+             "brixBox brixSphere"},
+        Case{"PROTO P [ field SFNode n Box {} ] { Sphere {} } P { }", "brixSphere brixBox"},
+        Case{"PROTO [] { Box {} } Sphere {}", "brixSphere"},
+        Case{"PROTO P [ field SFNode n Group { children [ ] } ] { Box {} } P { } Sphere {}", "brixSphere"},
+        Case{"PROTO P [] Box {}", ""}, Case{"PROTO P [ field SFFloat a 1", ""}, Case{"PROTO P [] { Box { } P { }", ""},
+        Case{"PROTO P [] { Box {} } } P { } Sphere {}", ""}, Case{ball + "Ball Box {}", "brixSphere"}}) {
+    EXPECT_EQ(Load20(scene).Classes(), classes) << scene;
+  }
+}
+
+TEST(Prototype, DefedInstancesReplayAsAWhole) {
+  const Model model = Load20(R"(PROTO Pair [] { DEF b Box {} Sphere {} }
+    DEF g Group { children [ DEF p Pair { } ] } USE p USE b USE g)");
+  EXPECT_EQ(model.Group("g")->GetNumObjects(), 2);
+  EXPECT_EQ(model.Size(), 2U + 2U + 1U + 2U) << "the scope holds the instance and not its nodes as well";
+}
+
+// A string with blanks, quotes and delimiters in a body or a value is one token still.
+TEST(Prototype, StringsSurviveTheExpansion) {
+  const TemporaryFolder folder;
+  folder.Write("my part (1).wrl", "#VRML V2.0 utf8\nBox {}");
+  const std::string scene = folder.Write("s.wrl", R"(#VRML V2.0 utf8
+    PROTO Part [ field MFString file [ "none.wrl" ] field SFString empty "" ] {
+      Script { url "javascript: function f() { return \"}\"; } # [" }
+      Group { children Inline { url IS file } }
+      Group { children Inline { url "my part (1).wrl" } } }
+    PROTO Outer [] { Part { file [ "my part (1).wrl" ] } }
+    Outer { } Sphere {})");
+  EXPECT_EQ(LoadFile(scene).Classes(), "brixBox brixBox brixSphere");
+}
+
+TEST(Prototype, EndlessExpansionEnds) {
+  EXPECT_EQ(Load20("PROTO P [] { Box {} P { } } P { } Sphere {}").Size(), 64U + 1U);
+  EXPECT_EQ(Load20("PROTO A [] { B { } Box {} } PROTO B [] { A { } } A { } Sphere {}").Size(), 32U + 1U);
+  std::string doubling = "PROTO P0 [] { Group { } } ";
+  for (int i = 1; i < 40; ++i) {
+    const std::string below = "P" + std::to_string(i - 1) + " { } ";
+    doubling += "PROTO P" + std::to_string(i) + " [] { " + below + below + "} ";
+  }
+  EXPECT_EQ(Load20(doubling + "P39 { } Sphere {}").Classes(), "brixSphere");
+}
+
+// A text that the merge would blow up beyond what a load may spend is left out before it is made.
+TEST(Prototype, EnormousMergesAreLeftOut) {
+  std::string references;
+  for (int i = 0; i < 20000; ++i) references += "a IS f ";
+  const std::string scene =
+      "PROTO P [ field SFString f \"" + std::string(100000, 'x') + "\" ] { " + references + "Box {} } P { } Sphere {}";
+  EXPECT_EQ(Load20(scene).Classes(), "brixSphere");
+}
+
+TEST(PrototypeField, ComparesAndCopies) {
+  CVRMLPrototypeField field;
+  CBasicString type("sfFloat");
+  field.SetTypeFromName(type);
+  EXPECT_EQ(field.GetType(), VRMLFieldSFFLOAT);
+  EXPECT_TRUE(type == "SFFLOAT");
+  CBasicString other("SFInt32");
+  field.SetTypeFromName(other);
+  EXPECT_EQ(field.GetType(), VRMLFieldUnknown);
+  field.SetValueText(static_cast<char*>(std::malloc(2)));
+  field.SetValueLength(2);
+  std::memcpy(field.GetValueText(), "12", 2);
+  CVRMLPrototypeField copy(field);
+  EXPECT_NE(copy.GetValueText(), field.GetValueText());
+  copy.GetValueText()[0] = '9';
+  EXPECT_TRUE(copy == field) << "the text itself isn't compared";
+  copy = copy;
+  void* slot = nullptr;
+  ASSERT_TRUE(FieldElementHandler(0, &slot, nullptr));
+  EXPECT_TRUE(FieldElementHandler(2, &slot, &field));
+  EXPECT_TRUE(FieldElementHandler(3, &slot, &copy));
+  EXPECT_FALSE(FieldElementHandler(2, &slot, nullptr));
+  EXPECT_TRUE(FieldElementHandler(1, &slot, nullptr));
+}
+
+class CaptureTest : public testing::Test {
+protected:
+  void Start(const std::string& text) { Manager.StartBufferReading(text.c_str(), static_cast<int>(text.size())); }
+  std::string Current() { return Manager.GetCurrentTokenString(); }
+  std::string Block(const std::string& text, bool fieldDefault) {
+    Start(text);
+    char* captured = nullptr;
+    int length = 0;
+    const bool found = Manager.CaptureBlockText(&captured, &length, fieldDefault);
+    return Take(captured, length) + (found ? "" : "!");
+  }
+  std::string Field(const std::string& text, VRMLFieldTypes type) {
+    CVRMLPrototype prototype;
+    Start(text);
+    char* captured = nullptr;
+    int length = 0;
+    const bool found = Manager.CaptureFieldText(&captured, &length, type, &prototype);
+    return Take(captured, length) + (found ? "" : "!");
+  }
+  CVRMLIOManager Manager;
+};
+
+// A blank behind every token but the last, a line feed behind every fifth one.
+TEST_F(CaptureTest, BlocksEndWhereTheirKindSays) {
+  EXPECT_EQ(Block("{ a b c d } next", false), "a b c d");
+  EXPECT_EQ(Current(), "}");
+  EXPECT_EQ(Block("{ a { b } c d } next", false), "a { b } c \nd");
+  EXPECT_EQ(Block("{ 1 2 3 4 5 }", false), "1 2 3 4 5\n");
+  EXPECT_EQ(Block("[ 1 [ 2 ] ] field", true), "[ 1 [ 2 ] \n]");
+  EXPECT_EQ(Current(), "field");
+  EXPECT_EQ(Block("Box { } eventIn", true), "Box { }");
+  EXPECT_EQ(Current(), "eventIn");
+  EXPECT_EQ(Block("{ } next", false), "!");
+  EXPECT_EQ(Current(), "}");
+  EXPECT_EQ(Block("word next", false), "word");
+  EXPECT_EQ(Current(), "next");
+  EXPECT_EQ(Block("{ a ( b", false), "a ( b") << "the input ends";
+  EXPECT_EQ(Block("[ 1 ] stray words field", true), "[ 1 ]") << "what isn't counted isn't written";
+}
+
+TEST_F(CaptureTest, ValuesByTheirType) {
+  struct Case {
+    VRMLFieldTypes Type;
+    std::string Text;
+    std::string Captured;
+    std::string Current;
+  };
+  for (const auto& [type, text, captured, current] :
+       {Case{VRMLFieldSFCOLOR, "1 2 3 4", "1 2 3", "4"},
+        Case{VRMLFieldSFROTATION, "[ 0 0 1 2 ] x", "[ 0 0 1 2 \n]", "x"}, Case{VRMLFieldSFVEC2F, "word", "!", "word"},
+        Case{VRMLFieldMFFLOAT, "[ 1 [ 2 ] ] x", "[ 1 [ 2 ]\n", "]"}, Case{VRMLFieldMFFLOAT, "1 2", "!", "1"},
+        Case{VRMLFieldSFSTRING, "\"a b\" x",
+             "a\x0E"
+             "b",
+             "x"},
+        Case{VRMLFieldSFIMAGE, "2 1 3 0xFF 0x00 x", "2 1 3 0xFF 0x00\n", "x"}, Case{VRMLFieldSFIMAGE, "x", "!", "x"},
+        Case{VRMLFieldSFIMAGE, "99999 99999 3 1", "99999 99999 3 1", ""},
+        Case{VRMLFieldMFNODE, "USE a b", "USE a", "b"},
+        Case{VRMLFieldMFNODE, "DEF a Box { } x", "DEF a Box { }\n", "x"}, Case{VRMLFieldMFNODE, "word", "!", ""},
+        Case{VRMLFieldUnknown, "1", "!", "1"}, Case{VRMLFieldSFBOOL, "", "!", ""}}) {
+    EXPECT_EQ(Field(text, type), captured) << text;
+    EXPECT_EQ(Current(), current) << text;
+  }
+}
+
+}  // namespace
