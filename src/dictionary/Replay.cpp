@@ -6,6 +6,7 @@
 #include "dictionary/PropertyEntries.h"
 #include "dictionary/SolidEntries.h"
 #include "dictionary/TransformEntries.h"
+#include "foundation/CutToInt.h"
 #include "foundation/ScopedValue.h"
 #include "parser/CVRMLParser.h"
 #include "parser/Limits.h"
@@ -31,6 +32,17 @@ std::uint64_t CVRMLParser::CountCopies(CVRMLDictionaryEntry& entry) {
   switch (entry.GetType()) {
     case DictionaryEntryIndexedSet:
       return std::uint64_t{2} * static_cast<CVRMLDictionaryIndexedSet&>(entry).GetCoordIndex().GetSize();
+    case DictionaryEntryPointSet:
+      return static_cast<std::uint64_t>(static_cast<CVRMLDictionaryPointSet&>(entry).GetNumPoints());
+    case DictionaryEntryElevationGrid: {
+      auto& grid = static_cast<CVRMLDictionaryElevationGrid&>(entry);
+      return static_cast<std::uint64_t>(qelvrml::CutToInt(grid.GetXDimension())) *
+             static_cast<std::uint64_t>(qelvrml::CutToInt(grid.GetZDimension()));
+    }
+    case DictionaryEntryExtrusion: {
+      auto& extrusion = static_cast<CVRMLDictionaryExtrusion&>(entry);
+      return std::uint64_t{extrusion.GetSpine().GetSize()} * extrusion.GetCrossSection().GetSize() / 2;
+    }
     default: return 0;
   }
 }
@@ -78,6 +90,22 @@ bool CVRMLParser::ReplayEntry(CVRMLDictionaryEntry& entry) {
     case DictionaryEntryTranslation:
       return DefineTranslation(static_cast<CVRMLDictionaryTranslation&>(entry).GetTranslation());
     case DictionaryEntryUse: return DefineUse(entry.GetName());
+    case DictionaryEntryPointSet: {
+      const auto& set = static_cast<CVRMLDictionaryPointSet&>(entry);
+      return DefinePointSet(set.GetStartIndex(), set.GetNumPoints());
+    }
+    case DictionaryEntryTriangleStripSet:
+      return DefineTriangleStripSet(static_cast<CVRMLDictionaryTriangleStripSet&>(entry).GetNumVertices());
+    case DictionaryEntryElevationGrid: {
+      auto& grid = static_cast<CVRMLDictionaryElevationGrid&>(entry);
+      return DefineElevationGrid(grid.GetSolid(), grid.GetHeight(), grid.GetXDimension(), grid.GetXSpacing(),
+                                 grid.GetZDimension(), grid.GetZSpacing());
+    }
+    case DictionaryEntryExtrusion: {
+      auto& sweep = static_cast<CVRMLDictionaryExtrusion&>(entry);
+      return DefineExtrusion(sweep.GetSolid(), sweep.GetBeginCap(), sweep.GetEndCap(), sweep.GetOrientationAxes(),
+                             sweep.GetOrientationAngles(), sweep.GetScale(), sweep.GetCrossSection(), sweep.GetSpine());
+    }
     case DictionaryEntryProtoUse: {
       const auto& instance = static_cast<CVRMLDictionaryProtoUse&>(entry);
       return DefineProtoUse(instance.GetPrototypeName(), instance.GetFieldText(), instance.GetFieldTextLength());

@@ -29,7 +29,9 @@ std::optional<std::uint32_t> KeyOfEntry(void* data) {
   return entry->GetNameHash();
 }
 
-std::optional<std::uint32_t> KeyOfPrototype(void* data) { return static_cast<CVRMLPrototype*>(data)->GetNameHash(); }
+std::optional<std::uint32_t> KeyOfPrototype(void* data) {
+  return static_cast<CVRMLPrototype*>(data)->GetNameHash();
+}
 
 }  // namespace
 

@@ -30,6 +30,7 @@
 #include "properties/VRMLBindingTypes.h"
 #include "scene/CVRMLSeparator.h"
 
+class brixComplexPolygon;
 class CVRMLDictionaryEntry;
 class CVRMLPrototype;
 
@@ -271,6 +272,40 @@ public:
   bool DefineIndexedSet(bool isFaceSet, const brixIntArray& coordIndex, const brixIntArray& materialIndex,
                         const brixIntArray& normalIndex);
 
+  bool ParsePointSet();
+  /// Dots at a range of the current coordinates; the range is cut to them.
+  bool DefinePointSet(int startIndex, int numPoints);
+  bool ParseTriangleStripSet();
+  /// Strips of so many vertices each through the current coordinates.
+  bool DefineTriangleStripSet(const brixIntArray& counts);
+  bool ParseElevationGrid();
+  /// A mesh, or with `solid` false lines along the grid. Dimensions are cut to integers. A missing height is 0; false
+  /// for a large grid that lacks heights.
+  bool DefineElevationGrid(bool solid, const brixDoubleArray& heights, double xDimension, double xSpacing,
+                           double zDimension, double zSpacing);
+  static brixFloatPoint GetElevationGridPoint(double i, double j, const brixDoubleArray& heights, double xDimension,
+                                              double xSpacing, double zDimension, double zSpacing);
+  bool ParseExtrusion();
+  /// Angles are in radians; scale and cross-section hold pairs of x and z. An empty array sets the warning
+  /// VRMLWarningExtrusionData.
+  bool DefineExtrusion(bool solid, bool beginCap, bool endCap, const brixVectorArray& axes,
+                       const brixDoubleArray& angles, const brixDoubleArray& scale, const brixDoubleArray& crossSection,
+                       const brixFloatPointArray& spine);
+  /// A row of cross-section points for each spine point; false for more points than a mesh may have.
+  static bool GetExtrusionMesh(brixFloatPointArray& mesh, const brixVectorArray& axes, const brixDoubleArray& angles,
+                               const brixDoubleArray& scale, const brixDoubleArray& crossSection,
+                               const brixFloatPointArray& spine);
+  static bool GetExtrusionCrossSectionPoints(int index, brixFloatPointArray& points, const brixVectorArray& axes,
+                                             const brixDoubleArray& angles, const brixDoubleArray& scale,
+                                             const brixDoubleArray& crossSection, const brixFloatPointArray& spine);
+  static brixMatrix4x4 CreateExtrusionCrossSectionTransform(int index, const brixVectorArray& axes,
+                                                            const brixDoubleArray& angles, const brixDoubleArray& scale,
+                                                            const brixFloatPointArray& spine);
+  /// Unit vector along the spine at one of its points; +Y for a spine of one point.
+  static brixVector GetExtrusionTangentVector(int index, const brixFloatPointArray& spine);
+  /// Closes one row of a mesh in world coordinates; true if a piece entered the model.
+  bool DefineExtrusionCap(int row, int pointsInRow, const brixFloatPointArray& mesh);
+
   // --- Prototypes
 
   /// All prototypes, in the order of their declaration.
@@ -307,6 +342,13 @@ protected:
   void InitializeVariables();
   /// What the support-file callback gives for a URL; empty without one.
   CBasicString GetResolvedFile(const CBasicString& url);
+  /// Adds the closed loops of a row of points to the list, as arrays that the caller owns. An open row is closed for
+  /// that.
+  static bool DetermineLoopsFromPoints(brixFloatPointArray& points, CKelList& loops);
+  static bool CreateIndexPair(CKelList& pairs, int first, int second);
+  static void SortIndexPairList(CKelList& pairs, int first, int last);
+  /// Moves a loop's centre to the origin and turns its normal to +Z.
+  static brixMatrix4x4 GenerateCapTransform(const brixFloatPointArray& loop);
   /// Whether a path names a file that can be opened for reading.
   static bool FileExists(const CBasicString& path);
 
@@ -431,6 +473,7 @@ private:
   template <class TakeIndex, class EndRun>
   bool ReadIndices(TakeIndex takeIndex, EndRun endRun);
   bool ParseRunList(brixIntArray& runs);
+  bool ParseIndices(brixIntArray& indices);
 
   // Transformations and indexed sets.
 
@@ -444,6 +487,12 @@ private:
   bool DefineFaces(const brixFloatPointArray& points, const brixIntArray& runs);
   bool DefineParts(bool isFaceSet, bool perPart, const brixFloatPointArray& points, const brixIntArray& runs);
   bool HasTextures() const;
+  template <class PointAt>
+  bool AddGridMesh(int columns, int rows, PointAt pointAt);
+  template <class PointAt>
+  bool AddGridLines(int columns, int rows, PointAt pointAt);
+  bool AddCapPiece(const brixComplexPolygon& polygon, const brixMatrix4x4& toWorld);
+  static void CollectLoops(const brixFloatPointArray& points, CKelList& pairs, CKelList& loops);
 
   CKelWorld* World = nullptr;
   CVRMLSeparator* CurrentSeparator = nullptr;

@@ -50,15 +50,15 @@ struct CVRMLParser::NodeTable {
       {VRMLTokenSHAPE, &CVRMLParser::ParseShape},
       {VRMLTokenSWITCH, &CVRMLParser::ParseSwitch},
       {VRMLTokenProtoUse, &CVRMLParser::ParseProtoUse},
+      {VRMLTokenELEVATIONGRID, &CVRMLParser::ParseElevationGrid},
+      {VRMLTokenEXTRUSION, &CVRMLParser::ParseExtrusion},
+      {VRMLTokenPOINTSET, &CVRMLParser::ParsePointSet},
+      {VRMLTokenTRIANGLESTRIPSET, &CVRMLParser::ParseTriangleStripSet},
       // Nodes that have no effect yet.
-      {VRMLTokenELEVATIONGRID, &CVRMLParser::PassOverNode},
-      {VRMLTokenEXTRUSION, &CVRMLParser::PassOverNode},
       {VRMLTokenIMAGETEXTURE, &CVRMLParser::PassOverNode},
       {VRMLTokenPIXELTEXTURE, &CVRMLParser::PassOverNode},
-      {VRMLTokenPOINTSET, &CVRMLParser::PassOverNode},
       {VRMLTokenTEXTURECOORDINATE, &CVRMLParser::PassOverNode},
       {VRMLTokenTEXTURETRANSFORM, &CVRMLParser::PassOverNode},
-      {VRMLTokenTRIANGLESTRIPSET, &CVRMLParser::PassOverNode},
   });
 
   static constexpr std::array<NodeParser, VRMLTokenCount> ByToken = [] {

@@ -223,3 +223,9 @@ bool CVRMLParser::ParseRunList(brixIntArray& runs) {
   runs = std::move(list);
   return found;
 }
+
+// The indices alone, without their runs.
+bool CVRMLParser::ParseIndices(brixIntArray& indices) {
+  indices = {};
+  return ReadIndices([&indices](int index) { indices.Append(index); }, [](int /*length*/) {});
+}

@@ -21,4 +21,9 @@ inline constexpr std::uint64_t MaximumReplayCost = 268'435'456;
 /// What a recorded entry costs at each replay, beside what it copies.
 inline constexpr std::uint64_t EntryReplayCost = 64;
 
+/// Points of an extrusion's mesh: 400 MB.
+inline constexpr std::uint64_t MaximumMeshPoints = 33'554'432;
+/// Points of an elevation grid that doesn't give all its heights.
+inline constexpr std::int64_t MaximumPaddedHeights = 1'048'576;
+
 }  // namespace qelvrml

@@ -74,6 +74,16 @@ double SignedArea(std::span<const PlanarPoint> ring) {
   return area / 2.0;
 }
 
+// Whether the points don't all lie on one line.
+bool HasArea(const PlanarRing& ring) {
+  const PlanarPoint& origin = ring.front();
+  const auto other = std::find_if(ring.begin(), ring.end(), [&origin](const PlanarPoint& p) { return p != origin; });
+  if (other == ring.end()) return false;
+  return std::any_of(other, ring.end(), [&](const PlanarPoint& p) {
+    return ((*other)[0] - origin[0]) * (p[1] - origin[1]) != (p[0] - origin[0]) * ((*other)[1] - origin[1]);
+  });
+}
+
 bool IsFinite(const PlanarRing& ring) {
   return std::all_of(ring.begin(), ring.end(),
                      [](const PlanarPoint& p) { return std::isfinite(p[0]) && std::isfinite(p[1]); });
@@ -126,7 +136,7 @@ std::vector<PlanarPolygon> GroupLoops(std::span<const PlanarRing> loops) {
   const Engine engine;
   std::vector<GEOSGeometry*> rings;
   for (const PlanarRing& loop : loops) {
-    if (loop.size() < 3 || !IsFinite(loop) || SignedArea(loop) == 0.0) continue;
+    if (loop.size() < 3 || !IsFinite(loop) || !HasArea(loop)) continue;
     if (Engine::Geometry ring = engine.MakeRing(loop)) rings.push_back(ring.release());
   }
   std::vector<PlanarPolygon> polygons;
