@@ -1,0 +1,122 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "platform/brixex/CKelMultipleTriangleStrip.h"
+#include "platform/brixex/CKelPolyMesh.h"
+#include "support/Model.h"
+
+namespace {
+
+const std::string Ten =
+    "Coordinate3 { point [ 0 0 0, 1 0 0, 2 0 0, 3 0 0, 4 0 0, 5 0 0, 6 0 0, 7 0 0, 8 0 0, 9 0 0 ] } ";
+
+TEST(PointSet, RangesOfTheCoordinates) {
+  struct Case {
+    std::string Fields;
+    std::vector<float> X;
+  };
+  for (const auto& [fields, expected] :
+       {Case{"startIndex 2 numPoints 3", {2, 3, 4}}, Case{"numPoints 0", {}}, Case{"startIndex 8 numPoints -7", {8, 9}},
+        Case{"startIndex 99", {9}}, Case{"startIndex -5 numPoints 1", {0}},
+        Case{"startIndex 8.9 numPoints 1e300", {8, 9}}}) {
+    const Model model = Load(Ten + "Translation { translation 0 0 5 } PointSet { " + fields + " }");
+    std::vector<float> x;
+    for (std::size_t i = 0; i < model.Size(); ++i) {
+      EXPECT_THAT(model.Points(i)[0], IsPoint(expected[i], 0, 5));
+      x.push_back(expected[i]);
+    }
+    EXPECT_EQ(x, expected) << fields;
+  }
+  EXPECT_EQ(Load("PointSet { }").Result, VRMLLoadFailed) << "no coordinates";
+}
+
+TEST(PointSet, NestedNodesStayInForce) {
+  const Model model =
+      Load20("PointSet { coord Coordinate { point [ 1 1 1, 2 2 2 ] } color Color { color [ 0 1 0, 1 0 0 ] } } Box {}");
+  ASSERT_EQ(model.Classes(), "brixDot brixDot brixBox");
+  for (std::size_t i = 0; i < 3; ++i)
+    EXPECT_THAT(model.Diffuse(i), IsColour(0, 1, 0)) << "the first colour, also behind the node";
+}
+
+TEST(PointSet, AReplayUsesAsManyPointsAsTheFirstTime) {
+  EXPECT_EQ(Load("Coordinate3 { point [ 0 0 0, 1 0 0 ] } DEF p PointSet { } " + Ten + "USE p").Size(), 4U);
+}
+
+// Two strips: 4 points make two triangles, 3 make one; the first strip covers a unit square.
+TEST(TriangleStrip, StripsFollowOneAnother) {
+  const Model model = Load(R"(Coordinate3 { point [ 0 0 0, 1 0 0, 0 1 0, 1 1 0, 5 0 0, 6 0 0, 5 1 0 ] }
+    Translation { translation 0 0 3 } DEF t TriangleStripSet { numVertices [ 4, -1, 3 ] } USE t)");
+  ASSERT_EQ(model.Classes(), "CKelMultipleTriangleStrip");
+  EXPECT_EQ(model.Name(0), "") << "any field clears the name";
+  EXPECT_EQ(model.Triangles(0), 3U);
+  EXPECT_NEAR(model.Area(0), 1.5, 1e-5);
+  EXPECT_THAT(model.Points(0)[0], IsPoint(0, 0, 3));
+  brixEvaluation evaluation;
+  model.Object(0).Evaluate(0, evaluation);
+  for (const brixVector& normal : evaluation.Normals) EXPECT_NEAR(normal.z, 1.0, 1e-6);
+}
+
+TEST(TriangleStrip, CountsAreCutToThePoints) {
+  const Model model = Load(Ten +
+                           "TriangleStripSet { numVertices [ 4 -3 2000000000 5 ] } TriangleStripSet { } "
+                           "TriangleStripSet { numVertices 3 } }");
+  ASSERT_EQ(model.Size(), 2U);
+  const auto counts = dynamic_cast<const CKelMultipleTriangleStrip&>(model.Object(0)).GetPointCounts().View();
+  EXPECT_THAT(std::vector<int>(counts.begin(), counts.end()), testing::ElementsAre(4, 0, 6, 0));
+}
+
+// Three columns and two rows: height 1 stands at x = 2, height 3 at z = 4.
+TEST(ElevationGrid, MeshesInRowsAlongX) {
+  const std::string fields = "xDimension 3 xSpacing 2 zDimension 2 zSpacing 4 height [ 10 11 12 13 14 15 ] ";
+  const Model model = Load20("Transform { translation 0 0 1 children ElevationGrid { " + fields + "} }");
+  ASSERT_EQ(model.Classes(), "CKelPolyMesh");
+  const auto points = model.Points(0);
+  ASSERT_EQ(points.size(), 6U);
+  EXPECT_THAT(points[2], IsPoint(2, 11, 1));
+  EXPECT_THAT(points[1], IsPoint(0, 13, 5));
+  EXPECT_THAT(points[5], IsPoint(4, 15, 5));
+  EXPECT_EQ(dynamic_cast<const CKelPolyMesh&>(model.Object(0)).GetRows(), 3);
+  EXPECT_EQ(model.Triangles(0), 4U);
+  const Model lines = Load20("ElevationGrid { solid FALSE " + fields + "}");
+  ASSERT_EQ(lines.Classes(), "CKelPolyline CKelPolyline CKelPolyline CKelPolyline CKelPolyline");
+  EXPECT_THAT(lines.Points(1)[1], IsPoint(2, 14, 4));
+  EXPECT_THAT(lines.Points(4)[2], IsPoint(4, 15, 4));
+}
+
+TEST(ElevationGrid, DimensionsAgainstHeights) {
+  const auto points = [](const std::string& fields) {
+    const Model model = Load20("ElevationGrid { xSpacing 1 zSpacing 1 " + fields + " }");
+    return model.Size() == 0 ? 0 : model.Points(0).size();
+  };
+  EXPECT_EQ(points("xDimension 2.9 zDimension 2 height [ 1 2 3 4 5 6 ]"), 4U);
+  EXPECT_EQ(points("xDimension 3 zDimension 3 height [ 1 ]"), 9U) << "missing heights are 0";
+  EXPECT_EQ(points("xDimension 1024 zDimension 1024 height [ 1 ]"), 1048576U);
+  EXPECT_EQ(points("xDimension 1024 zDimension 1025 height [ 1 ]"), 0U);
+  EXPECT_EQ(points("xDimension 1e300 zDimension 1e300 height [ 1 ]"), 0U);
+  EXPECT_EQ(points("xDimension 0.5 zDimension 2 height [ 1 ]"), 0U);
+  EXPECT_EQ(points("xDimension -3 zDimension -3 height [ 1 ]"), 0U);
+  EXPECT_EQ(points("xDimension 2 zDimension 2"), 0U) << "no heights";
+  EXPECT_EQ(Load20("ElevationGrid { xDimension 2 zDimension 2 zSpacing 1 height [ 1 2 3 4 ] }").Size(), 0U)
+      << "no spacing";
+}
+
+// A nested node's } ends the grid, and what follows belongs to the enclosing node.
+TEST(ElevationGrid, NestedNodesEndIt) {
+  const std::string fields = "xDimension 2 zDimension 2 xSpacing 1 zSpacing 1 ";
+  EXPECT_EQ(
+      Load20("ElevationGrid { " + fields + "height [ 1 2 3 4 ] color Color { color [ 1 0 0 ] } solid TRUE } Box {}")
+          .Classes(),
+      "CKelPolyMesh");
+}
+
+TEST(Replay, GridsStripsAndSweeps) {
+  const Model model = Load20(R"(
+    DEF g ElevationGrid { xDimension 2 zDimension 2 xSpacing 1 zSpacing 1 height [ 1 2 3 4 ] }
+    DEF e Extrusion { crossSection [ 1 1, 1 -1, -1 -1 ] spine [ 0 0 0, 0 1 0 ] endCap FALSE }
+    Transform { translation 5 0 0 children [ USE g USE e ] })");
+  ASSERT_EQ(model.Classes(), "CKelPolyMesh CKelPolyMesh CKelPolyface CKelPolyMesh CKelPolyMesh CKelPolyface");
+  EXPECT_THAT(model.Points(3)[0], IsPoint(5, 1, 0));
+  EXPECT_THAT(model.Points(4)[0], IsPoint(6, 0, 1));
+}
+
+}  // namespace
