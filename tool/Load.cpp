@@ -8,6 +8,7 @@
 #include <system_error>
 
 #include "Progress.h"
+#include "platform/brixex/CKelTextureManager.h"
 
 namespace {
 
@@ -26,14 +27,17 @@ std::string WhyNotOpened(const std::string& path) {
   return errno != 0 ? std::strerror(errno) : "can't be read";
 }
 
-bool HasVrmlHeader(const std::string& path) {
+// Whether a file that nothing was loaded from is VRML, or packed, so that its content can't be told from here.
+bool MayBeVrml(const std::string& path) {
   std::ifstream stream(path, std::ios::binary);
   std::string start(16, '\0');
   stream.read(start.data(), static_cast<std::streamsize>(start.size()));
   for (char& c : start) {
     if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
   }
-  return start.find("#VRML V1.0 ASCII") != std::string::npos || start.find("#VRML V2.0 UTF8") != std::string::npos;
+  const bool packed = start.starts_with("\x1F") || start.starts_with("PK\x03\x04");
+  return packed || start.find("#VRML V1.0 ASCII") != std::string::npos ||
+         start.find("#VRML V2.0 UTF8") != std::string::npos;
 }
 
 }  // namespace
@@ -42,6 +46,8 @@ LoadedFile LoadFile(const std::string& path) {
   LoadedFile file;
   file.Path = path;
   file.World = std::make_unique<CKelWorld>();
+  const std::string folder = std::filesystem::path(path).parent_path().string();
+  file.World->GetTextureManager()->AddAlternatePath(CBasicString(folder.c_str()));
   CVRMLParser parser;
   const ProgressBar bar(parser);
   const auto start = std::chrono::steady_clock::now();
@@ -82,7 +88,7 @@ std::string WhatWentWrong(const LoadedFile& file) {
     case VRMLLoadDecompressFailed: return "is compressed and can't be unpacked";
     case VRMLLoadFailed: break;
   }
-  return HasVrmlHeader(file.Path) ? "nothing in it could be loaded" : "not a VRML file";
+  return MayBeVrml(file.Path) ? "nothing in it could be loaded" : "not a VRML file";
 }
 
 int ExitStatus(VRMLLoadResultTypes result) {

@@ -5,6 +5,7 @@
 #include "dictionary/GeometryEntries.h"
 #include "dictionary/PropertyEntries.h"
 #include "dictionary/SolidEntries.h"
+#include "dictionary/TextureEntries.h"
 #include "dictionary/TransformEntries.h"
 #include "foundation/CutToInt.h"
 #include "foundation/ScopedValue.h"
@@ -105,6 +106,17 @@ bool CVRMLParser::ReplayEntry(CVRMLDictionaryEntry& entry) {
       auto& sweep = static_cast<CVRMLDictionaryExtrusion&>(entry);
       return DefineExtrusion(sweep.GetSolid(), sweep.GetBeginCap(), sweep.GetEndCap(), sweep.GetOrientationAxes(),
                              sweep.GetOrientationAngles(), sweep.GetScale(), sweep.GetCrossSection(), sweep.GetSpine());
+    }
+    case DictionaryEntryTexture: {
+      const auto& texture = static_cast<CVRMLDictionaryTexture&>(entry);
+      return DefineTexture(texture.GetTextureID(), texture.GetWrapS(), texture.GetWrapT());
+    }
+    case DictionaryEntryTextureCoordinates:
+      return DefineTextureCoordinate(static_cast<CVRMLDictionaryTextureCoordinates&>(entry).GetPoints());
+    case DictionaryEntryTextureTransform: {
+      auto& transform = static_cast<CVRMLDictionaryTextureTransform&>(entry);
+      return DefineTextureTransform(transform.GetCenter(), transform.GetScale(), transform.GetTranslation(),
+                                    transform.GetRotation());
     }
     case DictionaryEntryProtoUse: {
       const auto& instance = static_cast<CVRMLDictionaryProtoUse&>(entry);

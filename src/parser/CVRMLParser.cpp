@@ -64,6 +64,7 @@ CVRMLParser& CVRMLParser::operator=(const CVRMLParser& other) {
   ImageUnits = other.ImageUnits;
   LoaderPtr = other.LoaderPtr;
   GetSupportFilePtr = other.GetSupportFilePtr;
+  TemporaryFilename = other.TemporaryFilename;
   LastWarning = other.LastWarning;
   return *this;
 }
@@ -94,7 +95,11 @@ VRMLLoadResultTypes CVRMLParser::Parse(CKelWorld* world, const CBasicString& fil
   Subfiles = 0;
   MissingFiles.clear();
   MissingFileNames.clear();
-  IOManager.SetFilename(file);
+  // No temporary file outlives the load, however it ends.
+  const std::unique_ptr<CVRMLParser, void (*)(CVRMLParser*)> cleaner(
+      this, [](CVRMLParser* parser) { parser->DestroyTemporaryFile(); });
+  if (DetermineIfFileIsZip(file)) return VRMLLoadDecompressFailed;
+  IOManager.SetFilename(TemporaryFilename.GetLength() > 0 ? TemporaryFilename : file);
   const VRMLLoadResultTypes opened = IOManager.OpenFile();
   return opened == VRMLLoadOK ? ReadScene() : opened;
 }

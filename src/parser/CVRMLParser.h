@@ -30,6 +30,10 @@
 #include "properties/VRMLBindingTypes.h"
 #include "scene/CVRMLSeparator.h"
 
+namespace qelvrml {
+class TemporaryFile;
+}  // namespace qelvrml
+
 class brixComplexPolygon;
 class CVRMLDictionaryEntry;
 class CVRMLPrototype;
@@ -254,6 +258,18 @@ public:
   bool ParseTranslation();
   bool DefineTranslation(const brixFloatPoint& translation);
 
+  /// Loads an image, or finds it among those that are loaded, and puts it in force.
+  bool ParseImageTexture();
+  bool ParsePixelTexture();
+  bool DefineTexture(int textureId, TextureWrapTypes wrapS, TextureWrapTypes wrapT);
+  bool ParseTextureTransform();
+  /// The rotation is in degrees.
+  bool DefineTextureTransform(const brix2DFloatPoint& center, const brix2DFloatPoint& scale,
+                              const brix2DFloatPoint& translation, double rotation);
+  bool ParseTextureCoordinate();
+  /// Coordinates for the next object.
+  bool DefineTextureCoordinate(const brix2DFloatPointArray& points);
+
   // --- Geometry nodes
 
   bool ParseCone();
@@ -340,6 +356,18 @@ public:
 
 protected:
   void InitializeVariables();
+  /// Unpacks a compressed file into a temporary one. True if that failed; false for a plain file and for one that was
+  /// unpacked, and then the temporary file has a name.
+  bool DetermineIfFileIsZip(const CBasicString& path);
+  bool DecompressGZipFile(const CBasicString& path);
+  bool DecompressPKZipFile(const CBasicString& path);
+  /// Creates a temporary file and gives its name; empty if that isn't possible.
+  static CBasicString CreateTemporaryFilename(qelvrml::TemporaryFile& file);
+  /// Removes the temporary file; true if there was one.
+  bool DestroyTemporaryFile();
+  CBasicString& GetTemporaryFilename() { return TemporaryFilename; }
+  void SetTemporaryFilename(const CBasicString& name) { TemporaryFilename = name; }
+  void ClearTemporaryFilename() { TemporaryFilename.Empty(); }
   /// What the support-file callback gives for a URL; empty without one.
   CBasicString GetResolvedFile(const CBasicString& url);
   /// Adds the closed loops of a row of points to the list, as arrays that the caller owns. An open row is closed for
@@ -457,6 +485,16 @@ private:
   CBasicString TakeFirstUrl();
   bool ReadSubfile(CVRMLIOManager& subfile);
   void NoteMissingFile(const CBasicString& path);
+  template <class Unpack>
+  bool DecompressFile(const CBasicString& path, Unpack unpack);
+
+  // Textures.
+
+  struct PixelImage;
+  bool TakeWrap(VRMLTokenTypes keyword, TextureWrapTypes& wrapS, TextureWrapTypes& wrapT);
+  int FindOrLoadTexture(const CBasicString& url);
+  void NoteMissingTexture(const CBasicString& url);
+  void ParseImageField(PixelImage& image, CKelTexture* texture);
 
   // Dictionary.
 
@@ -508,6 +546,7 @@ private:
   VRMLImageUnitsTypes ImageUnits = VRMLUnitsMeters;
   LoaderFunction LoaderPtr = nullptr;
   SupportFileFunction GetSupportFilePtr = nullptr;
+  CBasicString TemporaryFilename;
   int LastWarning = 0;
 
   std::vector<CBasicString> MissingFiles;

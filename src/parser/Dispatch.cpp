@@ -54,11 +54,10 @@ struct CVRMLParser::NodeTable {
       {VRMLTokenEXTRUSION, &CVRMLParser::ParseExtrusion},
       {VRMLTokenPOINTSET, &CVRMLParser::ParsePointSet},
       {VRMLTokenTRIANGLESTRIPSET, &CVRMLParser::ParseTriangleStripSet},
-      // Nodes that have no effect yet.
-      {VRMLTokenIMAGETEXTURE, &CVRMLParser::PassOverNode},
-      {VRMLTokenPIXELTEXTURE, &CVRMLParser::PassOverNode},
-      {VRMLTokenTEXTURECOORDINATE, &CVRMLParser::PassOverNode},
-      {VRMLTokenTEXTURETRANSFORM, &CVRMLParser::PassOverNode},
+      {VRMLTokenIMAGETEXTURE, &CVRMLParser::ParseImageTexture},
+      {VRMLTokenPIXELTEXTURE, &CVRMLParser::ParsePixelTexture},
+      {VRMLTokenTEXTURECOORDINATE, &CVRMLParser::ParseTextureCoordinate},
+      {VRMLTokenTEXTURETRANSFORM, &CVRMLParser::ParseTextureTransform},
   });
 
   static constexpr std::array<NodeParser, VRMLTokenCount> ByToken = [] {

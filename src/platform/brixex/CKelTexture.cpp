@@ -1,10 +1,27 @@
 #include "platform/brixex/CKelTexture.h"
 
 #include <new>
+#include <string_view>
+
+#include "platform/brixex/ImageFile.h"
+#include "platform/fileint/CKelFileInterface.h"
 
 bool CKelTexture::AllocatePixelArray(unsigned int count) {
   Pixels.reset();
   if (count > MostPixels) return false;
   Pixels.reset(new (std::nothrow) SKelTexturePixel[count]());
   return Pixels != nullptr;
+}
+
+bool CKelTexture::GenerateTextureFromFile(const CBasicString& filename) {
+  CKelFileInterface file;
+  if (!file.Open(filename) || !file.ReadNextBlockFromFile()) return false;
+  const auto block = file.GetBlock();
+  qelvrml::Image image = qelvrml::DecodeImage({block->begin(), block->GetSize()}, MostPixels);
+  if (!image.Pixels) return false;
+  Pixels = std::move(image.Pixels);
+  Width = image.Width;
+  Height = image.Height;
+  Filename = filename;
+  return true;
 }

@@ -17,6 +17,9 @@ public:
   CKelTexture& operator=(const CKelTexture&) = delete;
   virtual ~CKelTexture() = default;
 
+  /// Reads the image of a PNG, JPEG or GIF file and takes the file's name. False for a file that can't be read or
+  /// decoded, and for an image of more than MostPixels.
+  bool GenerateTextureFromFile(const CBasicString& filename);
   /// Makes room for `count` pixels, all zero; false for more than MostPixels and when there is no memory.
   bool AllocatePixelArray(unsigned int count);
   /// Null without room; else as many pixels as were asked for.

@@ -1,27 +1,25 @@
 #include "platform/brixex/CKelTextureManager.h"
 
-#include <filesystem>
-#include <optional>
+#include <algorithm>
 #include <string>
-#include <system_error>
+#include <string_view>
 
-#include "foundation/TextConversion.h"
+#include "platform/fileint/CKelFileInterface.h"
+#include "platform/system/PathParts.h"
 
 namespace {
 
-namespace fs = std::filesystem;
+constexpr std::u16string_view Separators = u"/\\";
 
-bool StaysInside(const fs::path& name) {
-  if (name.empty() || name.is_absolute()) return false;
-  for (const fs::path& component : name) {
-    if (component == "..") return false;
+// Whether a relative name leads to a place in the folder that it starts from.
+bool StaysInside(std::u16string_view name) {
+  if (name.empty() || Separators.find(name.front()) != std::u16string_view::npos) return false;
+  while (!name.empty()) {
+    const std::size_t end = std::min(name.find_first_of(Separators), name.size());
+    if (name.substr(0, end) == u"..") return false;
+    name.remove_prefix(std::min(end + 1, name.size()));
   }
   return true;
-}
-
-bool IsFile(const fs::path& path) {
-  std::error_code error;
-  return fs::is_regular_file(path, error);
 }
 
 }  // namespace
@@ -57,17 +55,28 @@ const CKelTextureCoordinate* CKelTextureManager::FindTextureCoordinate(unsigned 
   return found == Coordinates.end() ? nullptr : found->second.get();
 }
 
-CBasicString CKelTextureManager::FindTextureFilenameUsingAlternatePaths(const CBasicString& name) const {
-  const std::optional<std::string> narrow = qelvrml::Narrow(name.GetView());
-  if (!narrow || narrow->empty()) return {};
-  const fs::path wanted(*narrow);
+std::vector<CBasicString> CKelTextureManager::GetAlternatePathsOf(const CBasicString& name) const {
+  std::vector<CBasicString> paths;
+  const std::u16string_view whole = name.GetView();
+  const std::u16string_view last = qelvrml::LastComponentOf(whole);
   for (const CBasicString& folder : AlternatePaths) {
-    const std::optional<std::string> narrowFolder = qelvrml::Narrow(folder.GetView());
-    if (!narrowFolder) continue;
-    for (const fs::path& candidate : {wanted, wanted.filename()}) {
-      const fs::path path = fs::path(*narrowFolder) / candidate;
-      if (StaysInside(candidate) && IsFile(path)) return CBasicString(std::string_view(path.native()));
-    }
+    const auto add = [&](std::u16string_view candidate) {
+      if (!StaysInside(candidate)) return;
+      std::u16string path(folder.GetView());
+      if (!path.empty() && path.back() != u'/') path += u'/';
+      path.append(candidate);
+      std::replace(path.begin() + static_cast<std::ptrdiff_t>(path.size() - candidate.size()), path.end(), u'\\', u'/');
+      paths.emplace_back(path);
+    };
+    add(whole);
+    if (last != whole) add(last);
+  }
+  return paths;
+}
+
+CBasicString CKelTextureManager::FindTextureFilenameUsingAlternatePaths(const CBasicString& name) const {
+  for (const CBasicString& path : GetAlternatePathsOf(name)) {
+    if (CKelFileInterface().Open(path)) return path;
   }
   return {};
 }
