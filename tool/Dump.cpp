@@ -22,18 +22,10 @@ double Shortest(float value) {
   return result;
 }
 
-Json ToJson(const brixFloatPoint& p) {
-  return {Shortest(p.x), Shortest(p.y), Shortest(p.z)};
-}
-Json ToJson(const brixVector& v) {
-  return {Shortest(v.x), Shortest(v.y), Shortest(v.z)};
-}
-Json ToJson(const brix2DFloatPoint& p) {
-  return {Shortest(p.x), Shortest(p.y)};
-}
-Json ToJson(const brixChroma& c) {
-  return {Shortest(c.red), Shortest(c.green), Shortest(c.blue), Shortest(c.alpha)};
-}
+Json ToJson(const brixFloatPoint& p) { return {Shortest(p.x), Shortest(p.y), Shortest(p.z)}; }
+Json ToJson(const brixVector& v) { return {Shortest(v.x), Shortest(v.y), Shortest(v.z)}; }
+Json ToJson(const brix2DFloatPoint& p) { return {Shortest(p.x), Shortest(p.y)}; }
+Json ToJson(const brixChroma& c) { return {Shortest(c.red), Shortest(c.green), Shortest(c.blue), Shortest(c.alpha)}; }
 
 template <class Element>
 Json ToJson(std::span<const Element> elements) {

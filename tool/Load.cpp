@@ -91,9 +91,7 @@ std::string WhatWentWrong(const LoadedFile& file) {
   return MayBeVrml(file.Path) ? "nothing in it could be loaded" : "not a VRML file";
 }
 
-int ExitStatus(VRMLLoadResultTypes result) {
-  return result == VRMLLoadWarnings ? 0 : static_cast<int>(result);
-}
+int ExitStatus(VRMLLoadResultTypes result) { return result == VRMLLoadWarnings ? 0 : static_cast<int>(result); }
 
 std::string ToUtf8(const char16_t* text) {
   CBasicString string(text);

@@ -95,12 +95,8 @@ bool CVRMLParser::DetermineIfFileIsZip(const CBasicString& path) {
   return false;
 }
 
-bool CVRMLParser::DecompressGZipFile(const CBasicString& path) {
-  return DecompressFile(path, UnpackGZip);
-}
-bool CVRMLParser::DecompressPKZipFile(const CBasicString& path) {
-  return DecompressFile(path, UnpackPKZip);
-}
+bool CVRMLParser::DecompressGZipFile(const CBasicString& path) { return DecompressFile(path, UnpackGZip); }
+bool CVRMLParser::DecompressPKZipFile(const CBasicString& path) { return DecompressFile(path, UnpackPKZip); }
 
 template <class Unpack>
 bool CVRMLParser::DecompressFile(const CBasicString& path, Unpack unpack) {

@@ -38,9 +38,7 @@ bool CVRMLParser::CreateSubfilePath(CBasicString& path) const {
   return path.GetLength() > 0;
 }
 
-bool CVRMLParser::RemoveQuotes(CBasicString& text) {
-  return text.Replace(CBasicString('"'), CBasicString());
-}
+bool CVRMLParser::RemoveQuotes(CBasicString& text) { return text.Replace(CBasicString('"'), CBasicString()); }
 
 bool CVRMLParser::ParseSubfile(const CBasicString& path) {
   if (FilesBeingRead.size() > qelvrml::MaximumSubfileNesting || Subfiles >= qelvrml::MaximumSubfiles) return false;
@@ -82,6 +80,4 @@ CBasicString CVRMLParser::GetResolvedFile(const CBasicString& url) {
   return resolved;
 }
 
-bool CVRMLParser::FileExists(const CBasicString& path) {
-  return CKelFileInterface().Open(path);
-}
+bool CVRMLParser::FileExists(const CBasicString& path) { return CKelFileInterface().Open(path); }

@@ -19,12 +19,8 @@ namespace qelvrml {
 
 #ifdef QELVRML_PLAIN_BLOCKS
 
-void* BlockPool::Allocate(std::size_t size) noexcept {
-  return std::malloc(size);
-}
-void BlockPool::Free(void* block, std::size_t /*size*/) noexcept {
-  std::free(block);
-}
+void* BlockPool::Allocate(std::size_t size) noexcept { return std::malloc(size); }
+void BlockPool::Free(void* block, std::size_t /*size*/) noexcept { std::free(block); }
 
 #else
 
@@ -98,12 +94,8 @@ private:
   std::array<FreeBlock*, ClassCount> Batches{};
 };
 
-constexpr std::size_t SizeClass(std::size_t size) {
-  return size == 0 ? 0 : (size - 1) / Granule;
-}
-constexpr std::size_t BlockBytes(std::size_t sizeClass) {
-  return (sizeClass + 1) * Granule;
-}
+constexpr std::size_t SizeClass(std::size_t size) { return size == 0 ? 0 : (size - 1) / Granule; }
+constexpr std::size_t BlockBytes(std::size_t sizeClass) { return (sizeClass + 1) * Granule; }
 
 // A block costs no call for its thread's stock: the library's few words have a fixed place in each thread.
 [[gnu::tls_model("initial-exec")]] thread_local constinit std::array<Stock, ClassCount> Stocks{};

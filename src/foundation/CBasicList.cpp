@@ -20,9 +20,7 @@ void* CBasicList::GetAt(int index) {
   return element->Data;
 }
 
-CBasicListElement* CBasicList::GoToFirst() {
-  return CurrentElement = Head;
-}
+CBasicListElement* CBasicList::GoToFirst() { return CurrentElement = Head; }
 
 CBasicListElement* CBasicList::GoToNext() {
   if (!CurrentElement) return nullptr;
@@ -43,12 +41,8 @@ CBasicListElement* CBasicList::FindElement(void* value) {
   return nullptr;
 }
 
-bool CBasicList::AddTail(void* data) {
-  return Link(Tail, nullptr, data) != nullptr;
-}
-bool CBasicList::AddHead(void* data) {
-  return Link(nullptr, Head, data) != nullptr;
-}
+bool CBasicList::AddTail(void* data) { return Link(Tail, nullptr, data) != nullptr; }
+bool CBasicList::AddHead(void* data) { return Link(nullptr, Head, data) != nullptr; }
 
 bool CBasicList::InsertAfter(CBasicListElement* element, void* data) {
   return element && Link(element, element->Next, data) != nullptr;
@@ -95,9 +89,7 @@ CBasicListElement* CBasicList::GetElementAt(int index) {
   return Index[static_cast<std::size_t>(index)];
 }
 
-int CBasicList::GetIteratorCount() {
-  return Iterators ? Iterators->GetCount() : 0;
-}
+int CBasicList::GetIteratorCount() { return Iterators ? Iterators->GetCount() : 0; }
 
 void CBasicList::SetElementHandler(CBasicElementHandler handler) {
   if (ElementHandler) {
@@ -141,22 +133,12 @@ bool CBasicList::RemoveAllValues() {
   return destroyed;
 }
 
-bool CBasicList::AddTailAny(void* data) {
-  return AddTailValue(data) || AddTail(data);
-}
-bool CBasicList::RemoveAny(void* data) {
-  return RemoveValue(data) || Remove(data);
-}
+bool CBasicList::AddTailAny(void* data) { return AddTailValue(data) || AddTail(data); }
+bool CBasicList::RemoveAny(void* data) { return RemoveValue(data) || Remove(data); }
 
-void CBasicList::SetIntegerElements() {
-  SetElementHandler(ValueElementHandler<int>);
-}
-void CBasicList::SetDoubleElements() {
-  SetElementHandler(ValueElementHandler<double>);
-}
-void CBasicList::SetStringElements() {
-  SetElementHandler(ValueElementHandler<CBasicString>);
-}
+void CBasicList::SetIntegerElements() { SetElementHandler(ValueElementHandler<int>); }
+void CBasicList::SetDoubleElements() { SetElementHandler(ValueElementHandler<double>); }
+void CBasicList::SetStringElements() { SetElementHandler(ValueElementHandler<CBasicString>); }
 
 bool CBasicList::AttachIterator(CBasicListIterator* iterator) {
   if (!iterator) return false;
@@ -167,9 +149,7 @@ bool CBasicList::AttachIterator(CBasicListIterator* iterator) {
 bool CBasicList::DetachIterator(CBasicListIterator* iterator) {
   return iterator && Iterators && Iterators->Remove(iterator);
 }
-bool CBasicList::DetachAllIterators() {
-  return Iterators && Iterators->RemoveAll();
-}
+bool CBasicList::DetachAllIterators() { return Iterators && Iterators->RemoveAll(); }
 
 void CBasicList::RemoveElement(CBasicListElement* element) {
   Unlink(element);

@@ -1,8 +1,6 @@
 #include "foundation/CBasicListIterator.h"
 
-CBasicListIterator::CBasicListIterator(CBasicList* list) {
-  CBasicListIterator::SetList(list);
-}
+CBasicListIterator::CBasicListIterator(CBasicList* list) { CBasicListIterator::SetList(list); }
 
 CBasicListIterator::~CBasicListIterator() {
   if (List) List->DetachIterator(this);
@@ -38,9 +36,7 @@ void CBasicListIterator::Previous(int /*unused*/) {
   }
 }
 
-void* CBasicListIterator::GetData() {
-  return List && CurrentElement ? CurrentElement->Data : nullptr;
-}
+void* CBasicListIterator::GetData() { return List && CurrentElement ? CurrentElement->Data : nullptr; }
 
 CBasicListIterator& CBasicListIterator::operator=(CBasicListIterator& other) {
   if (this == &other) return *this;
@@ -50,9 +46,7 @@ CBasicListIterator& CBasicListIterator::operator=(CBasicListIterator& other) {
   return *this;
 }
 
-int CBasicListIterator::GetCount() {
-  return List ? List->GetCount() : 0;
-}
+int CBasicListIterator::GetCount() { return List ? List->GetCount() : 0; }
 
 bool CBasicListIterator::GoToFirst() {
   CurrentElement = List ? List->GoToFirst() : nullptr;
@@ -64,12 +58,8 @@ bool CBasicListIterator::GoToLast() {
   return CurrentElement != nullptr;
 }
 
-bool CBasicListIterator::AddTail(void* data) {
-  return List && List->AddTail(data);
-}
-bool CBasicListIterator::AddHead(void* data) {
-  return List && List->AddHead(data);
-}
+bool CBasicListIterator::AddTail(void* data) { return List && List->AddTail(data); }
+bool CBasicListIterator::AddHead(void* data) { return List && List->AddHead(data); }
 
 bool CBasicListIterator::InsertAfterCurrent(void* data) {
   if (!List) return false;
@@ -83,18 +73,10 @@ bool CBasicListIterator::Remove(void* value) {
   return List->Remove(value);
 }
 
-void* CBasicListIterator::RemoveHead() {
-  return List ? List->RemoveHead() : nullptr;
-}
-bool CBasicListIterator::RemoveAll() {
-  return List && List->RemoveAll();
-}
-bool CBasicListIterator::AddTailValue(void* value) {
-  return List && List->AddTailValue(value);
-}
-bool CBasicListIterator::AddHeadValue(void* value) {
-  return List && List->AddHeadValue(value);
-}
+void* CBasicListIterator::RemoveHead() { return List ? List->RemoveHead() : nullptr; }
+bool CBasicListIterator::RemoveAll() { return List && List->RemoveAll(); }
+bool CBasicListIterator::AddTailValue(void* value) { return List && List->AddTailValue(value); }
+bool CBasicListIterator::AddHeadValue(void* value) { return List && List->AddHeadValue(value); }
 
 bool CBasicListIterator::RemoveValue(void* value) {
   if (!List) return false;
@@ -102,9 +84,7 @@ bool CBasicListIterator::RemoveValue(void* value) {
   return List->RemoveValue(value);
 }
 
-bool CBasicListIterator::RemoveAllValues() {
-  return List && List->RemoveAllValues();
-}
+bool CBasicListIterator::RemoveAllValues() { return List && List->RemoveAllValues(); }
 
 void CBasicListIterator::ForgetList() {
   List = nullptr;

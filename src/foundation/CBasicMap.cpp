@@ -10,15 +10,11 @@ int KeyOf(CBasicString& text, bool upperCase) {
   return static_cast<int>(text.GetHash());
 }
 
-unsigned Magnitude(int key) {
-  return key < 0 ? 0U - static_cast<unsigned>(key) : static_cast<unsigned>(key);
-}
+unsigned Magnitude(int key) { return key < 0 ? 0U - static_cast<unsigned>(key) : static_cast<unsigned>(key); }
 
 }  // namespace
 
-CBasicMap::~CBasicMap() {
-  ClearBuckets();
-}
+CBasicMap::~CBasicMap() { ClearBuckets(); }
 
 bool CBasicMap::RemoveAll() {
   ClearBuckets();
@@ -30,9 +26,7 @@ bool CBasicMap::RemoveAllValues() {
   return CBasicList::RemoveAllValues();
 }
 
-bool CBasicMap::AddString(CBasicString key, void* data, bool upperCase) {
-  return AddHash(KeyOf(key, upperCase), data);
-}
+bool CBasicMap::AddString(CBasicString key, void* data, bool upperCase) { return AddHash(KeyOf(key, upperCase), data); }
 
 bool CBasicMap::AddHash(int key, void* data) {
   if (!MakeBuckets() || !AddTailAny(data)) return false;
@@ -43,9 +37,7 @@ bool CBasicMap::AddHash(int key, void* data) {
   return true;
 }
 
-bool CBasicMap::RemoveString(CBasicString key, bool upperCase) {
-  return RemoveHash(KeyOf(key, upperCase));
-}
+bool CBasicMap::RemoveString(CBasicString key, bool upperCase) { return RemoveHash(KeyOf(key, upperCase)); }
 
 bool CBasicMap::RemoveHash(int key) {
   if (!Buckets) return false;
@@ -60,9 +52,7 @@ bool CBasicMap::RemoveHash(int key) {
   return true;
 }
 
-void* CBasicMap::FindString(CBasicString key, bool upperCase) {
-  return FindHash(KeyOf(key, upperCase));
-}
+void* CBasicMap::FindString(CBasicString key, bool upperCase) { return FindHash(KeyOf(key, upperCase)); }
 
 void* CBasicMap::FindHash(int key) {
   if (!Buckets) return nullptr;

@@ -12,22 +12,12 @@
 
 namespace {
 
-std::u16string_view View(const char16_t* wide) {
-  return wide ? std::u16string_view(wide) : std::u16string_view();
-}
-std::u16string Wide(const char* narrow) {
-  return narrow ? qelvrml::Widen(narrow) : std::u16string();
-}
+std::u16string_view View(const char16_t* wide) { return wide ? std::u16string_view(wide) : std::u16string_view(); }
+std::u16string Wide(const char* narrow) { return narrow ? qelvrml::Widen(narrow) : std::u16string(); }
 
-char16_t Lower(char16_t unit) {
-  return static_cast<char16_t>(std::towlower(unit));
-}
-char16_t Upper(char16_t unit) {
-  return static_cast<char16_t>(std::towupper(unit));
-}
-bool IsSpace(char16_t unit) {
-  return std::iswspace(unit) != 0;
-}
+char16_t Lower(char16_t unit) { return static_cast<char16_t>(std::towlower(unit)); }
+char16_t Upper(char16_t unit) { return static_cast<char16_t>(std::towupper(unit)); }
+bool IsSpace(char16_t unit) { return std::iswspace(unit) != 0; }
 
 }  // namespace
 
@@ -141,9 +131,7 @@ char* CBasicString::GetNarrowText() const {
   return NarrowText.get();
 }
 
-std::uint32_t CBasicString::GetHash() const {
-  return qelvrml::Hash(WideText);
-}
+std::uint32_t CBasicString::GetHash() const { return qelvrml::Hash(WideText); }
 
 int CBasicString::CompareNoCase(const CBasicString& other) const {
   const std::size_t common = std::min(WideText.size(), other.WideText.size());
@@ -266,6 +254,4 @@ bool CBasicString::Format(const char16_t* format, ...) {
   return true;
 }
 
-bool CBasicString::LoadString(int /*id*/, void* /*module*/) {
-  return false;
-}
+bool CBasicString::LoadString(int /*id*/, void* /*module*/) { return false; }

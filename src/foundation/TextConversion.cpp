@@ -11,15 +11,9 @@ namespace {
 constexpr char16_t ByteUnit = 0xDC00;  // a lone low surrogate from 0xDC80 to 0xDCFF stands for the byte below it
 constexpr char32_t LargestCodePoint = 0x10FFFF;
 
-constexpr bool IsHighSurrogate(char32_t unit) {
-  return unit >= 0xD800 && unit <= 0xDBFF;
-}
-constexpr bool IsLowSurrogate(char32_t unit) {
-  return unit >= 0xDC00 && unit <= 0xDFFF;
-}
-constexpr bool StandsForByte(char32_t unit) {
-  return unit >= 0xDC80 && unit <= 0xDCFF;
-}
+constexpr bool IsHighSurrogate(char32_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
+constexpr bool IsLowSurrogate(char32_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
+constexpr bool StandsForByte(char32_t unit) { return unit >= 0xDC80 && unit <= 0xDCFF; }
 
 struct DecodedPoint {
   char32_t Point;

@@ -11,9 +11,7 @@ namespace {
 
 constexpr std::size_t SortingGain = 16;  // points for each index above which sorting is quicker
 
-bool IsInside(int index, std::size_t count) {
-  return index >= 0 && static_cast<std::size_t>(index) < count;
-}
+bool IsInside(int index, std::size_t count) { return index >= 0 && static_cast<std::size_t>(index) < count; }
 
 // The indices of the points in use, in rising order.
 std::vector<int> SortUsed(const brixIntArray& runs, std::size_t pointCount) {

@@ -19,9 +19,7 @@ namespace {
 
 constexpr double NearZero = 1.0e-6F;  // in single precision, read as a double
 
-bool IsNearZero(double value) {
-  return brixFabs(value) < NearZero;
-}
+bool IsNearZero(double value) { return brixFabs(value) < NearZero; }
 
 }  // namespace
 

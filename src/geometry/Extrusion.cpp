@@ -20,9 +20,7 @@ namespace {
 constexpr brixVector Up(0.0F, 1.0F, 0.0F);
 
 // Cross-sections and scales hold pairs of numbers.
-unsigned PairCount(const brixDoubleArray& values) {
-  return values.GetSize() / 2;
-}
+unsigned PairCount(const brixDoubleArray& values) { return values.GetSize() / 2; }
 
 brixFloatPoint ScaleOf(unsigned index, const brixDoubleArray& scale) {
   // One pair serves all sections; a longer list that ends early leaves the rest unscaled.

@@ -29,9 +29,7 @@ std::optional<std::uint32_t> KeyOfEntry(void* data) {
   return entry->GetNameHash();
 }
 
-std::optional<std::uint32_t> KeyOfPrototype(void* data) {
-  return static_cast<CVRMLPrototype*>(data)->GetNameHash();
-}
+std::optional<std::uint32_t> KeyOfPrototype(void* data) { return static_cast<CVRMLPrototype*>(data)->GetNameHash(); }
 
 }  // namespace
 
@@ -44,9 +42,7 @@ CVRMLParser::CVRMLParser(CKelWorld* world, const CBasicString& file) : CVRMLPars
   IOManager.SetFilename(file);
 }
 
-CVRMLParser::CVRMLParser(const CVRMLParser& other) : CVRMLParser() {
-  *this = other;
-}
+CVRMLParser::CVRMLParser(const CVRMLParser& other) : CVRMLParser() { *this = other; }
 
 CVRMLParser& CVRMLParser::operator=(const CVRMLParser& other) {
   if (this == &other) return *this;

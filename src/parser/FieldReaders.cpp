@@ -43,12 +43,8 @@ bool CVRMLParser::ReadNumbers(std::initializer_list<float*> values) {
   return true;
 }
 
-bool CVRMLParser::ParsePoint(brixFloatPoint& point) {
-  return ReadNumbers({&point.x, &point.y, &point.z});
-}
-bool CVRMLParser::Parse2DPoint(brix2DFloatPoint& point) {
-  return ReadNumbers({&point.x, &point.y});
-}
+bool CVRMLParser::ParsePoint(brixFloatPoint& point) { return ReadNumbers({&point.x, &point.y, &point.z}); }
+bool CVRMLParser::Parse2DPoint(brix2DFloatPoint& point) { return ReadNumbers({&point.x, &point.y}); }
 
 bool CVRMLParser::ParseColor(brixChroma& colour) {
   if (GetCurrentTokenType() == VRMLTokenOpenBracket) Tokenize();
@@ -88,9 +84,7 @@ bool CVRMLParser::ParsePoints(Array& array, bool (CVRMLParser::*parseOne)(Point&
   return found;
 }
 
-bool CVRMLParser::ParsePointArray(brixFloatPointArray& points) {
-  return ParsePoints(points, &CVRMLParser::ParsePoint);
-}
+bool CVRMLParser::ParsePointArray(brixFloatPointArray& points) { return ParsePoints(points, &CVRMLParser::ParsePoint); }
 bool CVRMLParser::Parse2DPointArray(brix2DFloatPointArray& points) {
   return ParsePoints(points, &CVRMLParser::Parse2DPoint);
 }

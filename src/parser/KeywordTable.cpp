@@ -156,6 +156,4 @@ static_assert(std::string_view(Keywords.back().Name) == "IMAGE", "every row is f
 
 }  // namespace
 
-const std::array<ParserKeywordEntry, VRMLKeywordCount>& GetKeywordTable() {
-  return Keywords;
-}
+const std::array<ParserKeywordEntry, VRMLKeywordCount>& GetKeywordTable() { return Keywords; }

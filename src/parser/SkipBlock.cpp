@@ -56,9 +56,7 @@ bool CVRMLParser::ParseInfo() {
   return true;
 }
 
-bool CVRMLParser::AtOpenSeparatorLimit() {
-  return SeparatorStack.GetCount() >= qelvrml::MaximumOpenSeparators;
-}
+bool CVRMLParser::AtOpenSeparatorLimit() { return SeparatorStack.GetCount() >= qelvrml::MaximumOpenSeparators; }
 
 // A node that needs one more separator than there may be.
 bool CVRMLParser::PassOverUnopened() {

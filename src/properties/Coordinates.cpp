@@ -16,9 +16,7 @@ bool CVRMLParser::DefineCoordinate3(const brixFloatPointArray& points) {
   return true;
 }
 
-bool CVRMLParser::ParseNormal() {
-  return PassOverNode();
-}
+bool CVRMLParser::ParseNormal() { return PassOverNode(); }
 
 bool CVRMLParser::DefineNormal(const brixVectorArray& vectors) {
   if (!CurrentSeparator) return false;

@@ -13,9 +13,7 @@
 
 namespace {
 
-TextureWrapTypes WrapOf(bool repeats) {
-  return repeats ? TextureWrapRepeat : TextureWrapClamp;
-}
+TextureWrapTypes WrapOf(bool repeats) { return repeats ? TextureWrapRepeat : TextureWrapClamp; }
 
 // The low 32 bits of a number cut to an integer.
 std::uint32_t PixelValue(double number) {

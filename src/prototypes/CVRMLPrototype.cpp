@@ -13,9 +13,7 @@
 
 namespace {
 
-CVRMLPrototypeField* FieldOf(CBasicListElement* element) {
-  return static_cast<CVRMLPrototypeField*>(element->Data);
-}
+CVRMLPrototypeField* FieldOf(CBasicListElement* element) { return static_cast<CVRMLPrototypeField*>(element->Data); }
 
 int AddSaturated(int a, std::size_t b) {
   constexpr auto Largest = static_cast<std::size_t>(std::numeric_limits<int>::max());
@@ -24,12 +22,8 @@ int AddSaturated(int a, std::size_t b) {
 
 }  // namespace
 
-CVRMLPrototype::CVRMLPrototype() {
-  Initialize();
-}
-CVRMLPrototype::~CVRMLPrototype() {
-  ClearFields();
-}
+CVRMLPrototype::CVRMLPrototype() { Initialize(); }
+CVRMLPrototype::~CVRMLPrototype() { ClearFields(); }
 
 void CVRMLPrototype::Initialize() {
   NameHash = 0;
@@ -60,9 +54,7 @@ void CVRMLPrototype::ClearBody() {
   Template.reset();
 }
 
-void CVRMLPrototype::ClearFields() {
-  Fields.RemoveAllValues();
-}
+void CVRMLPrototype::ClearFields() { Fields.RemoveAllValues(); }
 
 CVRMLPrototypeField* CVRMLPrototype::FindField(const CBasicString& name, CKelList& list) {
   for (CBasicListElement* element = list.GoToFirst(); element; element = element->Next) {

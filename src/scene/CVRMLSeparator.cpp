@@ -52,27 +52,15 @@ CVRMLSeparator& CVRMLSeparator::operator=(const CVRMLSeparator& parent) {
   return *this;
 }
 
-void CVRMLSeparator::MultiplyTransformation(const brixMatrix4x4& matrix) {
-  Transformation = matrix * Transformation;
-}
-void CVRMLSeparator::Translate(const brixFloatPoint& by) {
-  MultiplyTransformation(GetDisplacementMatrix(by));
-}
-void CVRMLSeparator::Scale(const brixFloatPoint& by) {
-  MultiplyTransformation(GetScaleMatrix(by));
-}
+void CVRMLSeparator::MultiplyTransformation(const brixMatrix4x4& matrix) { Transformation = matrix * Transformation; }
+void CVRMLSeparator::Translate(const brixFloatPoint& by) { MultiplyTransformation(GetDisplacementMatrix(by)); }
+void CVRMLSeparator::Scale(const brixFloatPoint& by) { MultiplyTransformation(GetScaleMatrix(by)); }
 
 void CVRMLSeparator::TransformPoints(brixFloatPointArray& points) const {
   qelvrml::Transform(points.Edit(), Transformation);
 }
 
-void CVRMLSeparator::SetShininess(double value) {
-  Shininess = OneValue(value > 1.0 ? value / ShininessScale : value);
-}
-void CVRMLSeparator::SetTransparency(double value) {
-  Transparency = OneValue(value);
-}
+void CVRMLSeparator::SetShininess(double value) { Shininess = OneValue(value > 1.0 ? value / ShininessScale : value); }
+void CVRMLSeparator::SetTransparency(double value) { Transparency = OneValue(value); }
 
-CKelTextureManager* CVRMLSeparator::GetTextureManager() const {
-  return Parser ? Parser->GetTextureManager() : nullptr;
-}
+CKelTextureManager* CVRMLSeparator::GetTextureManager() const { return Parser ? Parser->GetTextureManager() : nullptr; }

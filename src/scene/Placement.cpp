@@ -4,12 +4,8 @@
 
 #include "parser/CVRMLParser.h"
 
-bool CVRMLParser::AddObjectToSeparator(brixBaseObject* object) {
-  return PlaceObject(object);
-}
-bool CVRMLParser::AddObjectToSeparator(brixBaseObject* object, int index) {
-  return PlaceObject(object, index);
-}
+bool CVRMLParser::AddObjectToSeparator(brixBaseObject* object) { return PlaceObject(object); }
+bool CVRMLParser::AddObjectToSeparator(brixBaseObject* object, int index) { return PlaceObject(object, index); }
 
 bool CVRMLParser::AddObjectToSeparator(brixBaseObject* object, int part, int first, int count) {
   return PlaceObject(object, part, first, count);
@@ -19,9 +15,7 @@ void CVRMLParser::SetupObjectAdd(brixBaseObject* object) {
   if (CurrentSeparator && object) object->SetObjectName(brixWRope(EntityName.GetWideText()));
 }
 
-bool CVRMLSeparator::AddObject(brixBaseObject* object) {
-  return Group && object && AddObject(object, GetMatProps());
-}
+bool CVRMLSeparator::AddObject(brixBaseObject* object) { return Group && object && AddObject(object, GetMatProps()); }
 
 bool CVRMLSeparator::AddObject(brixBaseObject* object, int index) {
   return Group && object && AddObject(object, GetMatProps(index));

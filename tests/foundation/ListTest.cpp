@@ -11,9 +11,7 @@
 
 namespace {
 
-void* Word(std::uintptr_t value) {
-  return reinterpret_cast<void*>(value);
-}
+void* Word(std::uintptr_t value) { return reinterpret_cast<void*>(value); }
 
 std::vector<std::uintptr_t> Words(CBasicList& list) {
   std::vector<std::uintptr_t> words;

@@ -6,9 +6,7 @@
 
 namespace {
 
-std::string Text(const CBasicString& string) {
-  return string.GetNarrowText();
-}
+std::string Text(const CBasicString& string) { return string.GetNarrowText(); }
 
 TEST(String, EmptyAndNullAreNeutral) {
   const CBasicString empty;

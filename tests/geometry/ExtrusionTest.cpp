@@ -15,12 +15,8 @@ namespace {
 const std::string Square = "crossSection [ 1 1, 1 -1, -1 -1, -1 1, 1 1 ] ";
 const std::string Upright = "spine [ 0 0 0, 0 1 0 ] ";
 
-Model Sweep(const std::string& fields) {
-  return Load20("Extrusion { " + fields + "}");
-}
-Model SweepOpen(const std::string& fields) {
-  return Sweep(fields + "beginCap FALSE endCap FALSE ");
-}
+Model Sweep(const std::string& fields) { return Load20("Extrusion { " + fields + "}"); }
+Model SweepOpen(const std::string& fields) { return Sweep(fields + "beginCap FALSE endCap FALSE "); }
 
 TEST(Extrusion, AlongTheUpAxisTheSectionIsMovedOnly) {
   const Model model = SweepOpen(Square + "spine [ 5 0 0, 5 3 0 ] ");
@@ -125,7 +121,7 @@ TEST(Cap, HolesAndNeighbours) {
   for (const auto& [section, pieces, area, triangles] :
        {Case{outer + hole, 1, 12, 8}, Case{outer + hole + island, 2, 13, 10},
         Case{outer + "5 5, 6 5, 6 6, 5 6, 5 5", 2, 17, 4}, Case{"0 0, 2 2, 2 0, 0 1, 0 0", 2, 5.0 / 3.0, 2},
-        Case{"0 0, 1 0, 1 1, 1 1, 0 1", 1, 1, 2}, Case{"0 0, 1 0, 2 0", 0, 0, 0}}) {
+        Case{"0 0, 1 0, 1 1, 1 1, 0 1, 0 0", 1, 1, 2}, Case{"0 0, 1 0, 2 0", 0, 0, 0}}) {
     const Model model = Sweep("crossSection [ " + section + " ] endCap FALSE " + Upright);
     ASSERT_EQ(model.Size(), 1 + pieces) << section;
     double sum = 0.0;

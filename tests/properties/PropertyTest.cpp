@@ -6,9 +6,7 @@
 namespace {
 
 // Diffuse colour of a cube behind a material.
-brixChroma Behind(const std::string& material) {
-  return Load(material + " Cube {}").Diffuse(0);
-}
+brixChroma Behind(const std::string& material) { return Load(material + " Cube {}").Diffuse(0); }
 
 TEST(Material, OneValueOrAList) {
   EXPECT_THAT(Behind("Material { diffuseColor 1 0 0 }"), IsColour(1, 0, 0));
@@ -64,12 +62,8 @@ TEST(Binding, TheLastValueCounts) {
 }
 
 // Centre of a cube of size 2 behind transformations.
-brixFloatPoint Moved(const std::string& transformations) {
-  return Load(transformations + " Cube {}").Centre(0);
-}
-brixFloatPoint Sized(const std::string& transformations) {
-  return Load(transformations + " Cube {}").Extents(0);
-}
+brixFloatPoint Moved(const std::string& transformations) { return Load(transformations + " Cube {}").Centre(0); }
+brixFloatPoint Sized(const std::string& transformations) { return Load(transformations + " Cube {}").Extents(0); }
 
 TEST(Transform, SingleNodes) {
   EXPECT_THAT(Moved("Translation { translation 1 2 3 }"), IsPoint(1, 2, 3));

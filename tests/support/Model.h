@@ -9,6 +9,7 @@
 #include "parser/CVRMLParser.h"
 #include "platform/brix/brixBaseObject.h"
 #include "platform/brixex/CKelWorld.h"
+#include "support/CheckModel.h"
 
 /// A folder of its own that goes with this object.
 class TemporaryFolder {
@@ -65,10 +66,9 @@ Model LoadFile(const std::string& path);
 /// Loads a text as it stands.
 Model LoadBytes(const std::string& bytes);
 
-/// Asserts what holds for every model: finite numbers of points, indices in range, one material each, groups filled.
+/// Asserts what holds for every model.
 void CheckModel(const CKelWorld& world);
 
-std::string ClassOf(const brixBaseObject& object);
 std::string ToString(const brixWRope& name);
 
 /// Matches a point, vector or colour within a tolerance for single precision.

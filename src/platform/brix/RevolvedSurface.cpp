@@ -56,9 +56,7 @@ double Determinant(const brixMatrix4x4& m, const std::array<Triple, 3>& cofactor
   return m[0][0] * cofactors[0][0] + m[0][1] * cofactors[0][1] + m[0][2] * cofactors[0][2];
 }
 
-bool Coincide(const brixFloatPoint& a, const brixFloatPoint& b) {
-  return a.x == b.x && a.y == b.y && a.z == b.z;
-}
+bool Coincide(const brixFloatPoint& a, const brixFloatPoint& b) { return a.x == b.x && a.y == b.y && a.z == b.z; }
 
 void AddTriangle(brixEvaluation& result, unsigned a, unsigned b, unsigned c) {
   const auto& p = result.Points;

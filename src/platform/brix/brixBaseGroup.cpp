@@ -38,12 +38,8 @@ bool brixBaseGroup::AddObject(brixBaseObject* object, const brixMatProps& materi
   return true;
 }
 
-brixBaseObject* brixBaseGroup::GetObjectAt(int index) const {
-  return At(Objects, index);
-}
-brixBaseGroup* brixBaseGroup::GetGroupAt(int index) const {
-  return At(Groups, index);
-}
+brixBaseObject* brixBaseGroup::GetObjectAt(int index) const { return At(Objects, index); }
+brixBaseGroup* brixBaseGroup::GetGroupAt(int index) const { return At(Groups, index); }
 
 void brixBaseGroup::RecursiveUpdateBBox() {
   Box = {};

@@ -1,8 +1,6 @@
 #include "platform/brix/brixDot.h"
 
-void brixDot::ApplyMatrixToGeometry(const brixMatrix4x4& matrix, brixBool /*updateBox*/) {
-  Point = Point * matrix;
-}
+void brixDot::ApplyMatrixToGeometry(const brixMatrix4x4& matrix, brixBool /*updateBox*/) { Point = Point * matrix; }
 
 brixBBox brixDot::ComputeBBox() const {
   brixBBox box;

@@ -6,9 +6,7 @@
 
 namespace {
 
-bool Near(float a, float b) {
-  return std::fabs(a - b) < brixFloatPoint::Tolerance;
-}
+bool Near(float a, float b) { return std::fabs(a - b) < brixFloatPoint::Tolerance; }
 
 // One component of a row vector times a matrix; summed in double precision, so that order and size matter little.
 float Column(double x, double y, double z, double w, const brixMatrix4x4& m, std::size_t column) {
@@ -30,9 +28,7 @@ int brixFloatPoint::operator==(const brixFloatPoint& other) const {
   return Near(x, other.x) && Near(y, other.y) && Near(z, other.z) ? 1 : 0;
 }
 
-brixFloatPoint operator+(const brixFloatPoint& a, const brixFloatPoint& b) {
-  return {a.x + b.x, a.y + b.y, a.z + b.z};
-}
+brixFloatPoint operator+(const brixFloatPoint& a, const brixFloatPoint& b) { return {a.x + b.x, a.y + b.y, a.z + b.z}; }
 
 brixFloatPoint operator*(const brixFloatPoint& p, const brixMatrix4x4& m) {
   return {Column(p.x, p.y, p.z, 1.0, m, 0), Column(p.x, p.y, p.z, 1.0, m, 1), Column(p.x, p.y, p.z, 1.0, m, 2)};
@@ -56,19 +52,11 @@ void brixVector::Normalize() {
   z = static_cast<float>(z / length);
 }
 
-float brixVector::Length() const {
-  return static_cast<float>(std::sqrt(DotProduct(*this, *this)));
-}
+float brixVector::Length() const { return static_cast<float>(std::sqrt(DotProduct(*this, *this))); }
 
-brixVector operator+(const brixVector& a, const brixVector& b) {
-  return {a.x + b.x, a.y + b.y, a.z + b.z};
-}
-brixVector operator-(const brixVector& a, const brixVector& b) {
-  return {a.x - b.x, a.y - b.y, a.z - b.z};
-}
-brixVector operator-(const brixVector& vector) {
-  return {-vector.x, -vector.y, -vector.z};
-}
+brixVector operator+(const brixVector& a, const brixVector& b) { return {a.x + b.x, a.y + b.y, a.z + b.z}; }
+brixVector operator-(const brixVector& a, const brixVector& b) { return {a.x - b.x, a.y - b.y, a.z - b.z}; }
+brixVector operator-(const brixVector& vector) { return {-vector.x, -vector.y, -vector.z}; }
 
 brixVector operator*(const brixVector& v, const brixMatrix4x4& m) {
   return {Column(v.x, v.y, v.z, 0.0, m, 0), Column(v.x, v.y, v.z, 0.0, m, 1), Column(v.x, v.y, v.z, 0.0, m, 2)};
@@ -83,6 +71,4 @@ double DotProduct(const brixVector& a, const brixVector& b) {
   return static_cast<double>(a.x) * b.x + static_cast<double>(a.y) * b.y + static_cast<double>(a.z) * b.z;
 }
 
-double brixFabs(double value) {
-  return std::fabs(value);
-}
+double brixFabs(double value) { return std::fabs(value); }

@@ -15,9 +15,7 @@ brixFloatPointArray ToPoints(const qelvrml::PlanarRing& ring) {
 
 }  // namespace
 
-void CKelCpGenerator::AddLoop(const brixFloatPointArray& loop) {
-  Loops.push_back(loop);
-}
+void CKelCpGenerator::AddLoop(const brixFloatPointArray& loop) { Loops.push_back(loop); }
 
 bool CKelCpGenerator::DetermineInteriorExteriorLoops() {
   std::vector<qelvrml::PlanarRing> rings;

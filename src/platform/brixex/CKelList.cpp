@@ -28,9 +28,7 @@ static_assert(sizeof(PlanarValue) == sizeof(brix2DFloatPoint) && sizeof(ColourVa
 
 }  // namespace
 
-CKelList::CKelList(const CKelList& other) : CBasicList() {
-  *this = other;
-}
+CKelList::CKelList(const CKelList& other) : CBasicList() { *this = other; }
 
 CKelList& CKelList::operator=(const CKelList& other) {
   if (this == &other) return *this;
@@ -44,15 +42,7 @@ CKelList& CKelList::operator=(const CKelList& other) {
   return *this;
 }
 
-void CKelList::SetListTypePoint() {
-  SetElementHandler(ValueElementHandler<PointValue>);
-}
-void CKelList::SetListTypeVector() {
-  SetElementHandler(ValueElementHandler<VectorValue>);
-}
-void CKelList::SetListType2DPoint() {
-  SetElementHandler(ValueElementHandler<PlanarValue>);
-}
-void CKelList::SetListTypeColor() {
-  SetElementHandler(ValueElementHandler<ColourValue>);
-}
+void CKelList::SetListTypePoint() { SetElementHandler(ValueElementHandler<PointValue>); }
+void CKelList::SetListTypeVector() { SetElementHandler(ValueElementHandler<VectorValue>); }
+void CKelList::SetListType2DPoint() { SetElementHandler(ValueElementHandler<PlanarValue>); }
+void CKelList::SetListTypeColor() { SetElementHandler(ValueElementHandler<ColourValue>); }

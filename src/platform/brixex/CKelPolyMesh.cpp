@@ -18,9 +18,7 @@ void CKelPolyMesh::ApplyMatrixToGeometry(const brixMatrix4x4& matrix, brixBool /
   qelvrml::Transform(Points.Edit(), matrix);
 }
 
-brixBBox CKelPolyMesh::ComputeBBox() const {
-  return qelvrml::BoxOf(Points.View());
-}
+brixBBox CKelPolyMesh::ComputeBBox() const { return qelvrml::BoxOf(Points.View()); }
 
 brixEReturn CKelPolyMesh::Evaluate(double /*chordTolerance*/, brixEvaluation& result) const {
   result = {};

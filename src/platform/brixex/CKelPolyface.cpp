@@ -20,9 +20,7 @@ void CKelPolyface::ApplyMatrixToGeometry(const brixMatrix4x4& matrix, brixBool /
   qelvrml::Transform(Points.Edit(), matrix);
 }
 
-brixBBox CKelPolyface::ComputeBBox() const {
-  return qelvrml::BoxOf(Points.View());
-}
+brixBBox CKelPolyface::ComputeBBox() const { return qelvrml::BoxOf(Points.View()); }
 
 brixEReturn CKelPolyface::Evaluate(double /*chordTolerance*/, brixEvaluation& result) const {
   result = {};

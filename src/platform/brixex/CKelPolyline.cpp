@@ -11,9 +11,7 @@ void CKelPolyline::ApplyMatrixToGeometry(const brixMatrix4x4& matrix, brixBool /
   qelvrml::Transform(Points.Edit(), matrix);
 }
 
-brixBBox CKelPolyline::ComputeBBox() const {
-  return qelvrml::BoxOf(Points.View());
-}
+brixBBox CKelPolyline::ComputeBBox() const { return qelvrml::BoxOf(Points.View()); }
 
 brixEReturn CKelPolyline::Evaluate(double /*chordTolerance*/, brixEvaluation& result) const {
   result = {};

@@ -12,9 +12,7 @@ void CKelTriangleStrip::ApplyMatrixToGeometry(const brixMatrix4x4& matrix, brixB
   for (brixVector& normal : Normals.Edit()) normal = normal * matrix;
 }
 
-brixBBox CKelTriangleStrip::ComputeBBox() const {
-  return qelvrml::BoxOf(Points.View());
-}
+brixBBox CKelTriangleStrip::ComputeBBox() const { return qelvrml::BoxOf(Points.View()); }
 
 brixEReturn CKelTriangleStrip::Evaluate(double /*chordTolerance*/, brixEvaluation& result) const {
   result = {};

@@ -18,9 +18,7 @@ Triple Cross(const Triple& a, const Triple& b) {
   return {a[1] * b[2] - a[2] * b[1], a[2] * b[0] - a[0] * b[2], a[0] * b[1] - a[1] * b[0]};
 }
 
-double Dot(const Triple& a, const Triple& b) {
-  return a[0] * b[0] + a[1] * b[1] + a[2] * b[2];
-}
+double Dot(const Triple& a, const Triple& b) { return a[0] * b[0] + a[1] * b[1] + a[2] * b[2]; }
 
 std::optional<Triple> Unit(const Triple& v) {
   const double length = std::sqrt(Dot(v, v));
@@ -28,9 +26,7 @@ std::optional<Triple> Unit(const Triple& v) {
   return Triple{v[0] / length, v[1] / length, v[2] / length};
 }
 
-std::optional<Triple> Unit(const brixVector& v) {
-  return Unit(Triple{v.x, v.y, v.z});
-}
+std::optional<Triple> Unit(const brixVector& v) { return Unit(Triple{v.x, v.y, v.z}); }
 
 // Rodrigues' rotation formula, transposed for row vectors.
 brixMatrix4x4 Rotation(const Triple& axis, double cosine, double sine) {
@@ -171,6 +167,4 @@ brixVector ComputeNormalForPoints(const brixFloatPointArray& points) {
   return {static_cast<float>(normal[0]), static_cast<float>(normal[1]), static_cast<float>(normal[2])};
 }
 
-double RadiansToDegrees(double radians) {
-  return radians * 180.0 / std::numbers::pi;
-}
+double RadiansToDegrees(double radians) { return radians * 180.0 / std::numbers::pi; }

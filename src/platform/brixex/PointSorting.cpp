@@ -36,9 +36,7 @@ std::int64_t CellOf(float value) {
   return BehindFineCells + std::int64_t{2} * std::bit_cast<std::uint32_t>(value);
 }
 
-bool IsNumber(const brixFloatPoint& p) {
-  return !std::isnan(p.x) && !std::isnan(p.y) && !std::isnan(p.z);
-}
+bool IsNumber(const brixFloatPoint& p) { return !std::isnan(p.x) && !std::isnan(p.y) && !std::isnan(p.z); }
 
 /// Sets of indices, each known by its smallest one.
 class Clusters {

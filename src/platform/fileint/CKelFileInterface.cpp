@@ -16,9 +16,7 @@
 namespace {
 
 // Opening mustn't wait, as it would for the other end of a pipe.
-int OpenDescriptor(const std::string& path) {
-  return open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
-}
+int OpenDescriptor(const std::string& path) { return open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK); }
 
 }  // namespace
 
@@ -27,9 +25,7 @@ CKelFileInterface& CKelFileInterface::operator=(const CKelFileInterface& other) 
   return *this;
 }
 
-bool CKelFileInterface::Open(const CBasicString& path) {
-  return Open(path, IdentifyFileType(path), true);
-}
+bool CKelFileInterface::Open(const CBasicString& path) { return Open(path, IdentifyFileType(path), true); }
 
 bool CKelFileInterface::Open(const CBasicString& path, FileInterfaceTypes /*type*/, bool /*readOnly*/) {
   Close();

@@ -22,13 +22,9 @@ CharacterClass ClassOf(const qelvrml::CharacterTable& table, const char* p) {
   return table[static_cast<unsigned char>(*p)];
 }
 
-bool EndsLine(char c) {
-  return c == '\n' || c == '\r';
-}
+bool EndsLine(char c) { return c == '\n' || c == '\r'; }
 
-const char* FindLineEnd(const char* p, const char* end) {
-  return std::find_if(p, end, EndsLine);
-}
+const char* FindLineEnd(const char* p, const char* end) { return std::find_if(p, end, EndsLine); }
 
 GenericTokenTypes DelimiterType(char c) {
   switch (c) {
@@ -59,9 +55,7 @@ CGenericToken EndToken() {
 
 }  // namespace
 
-CGenericParser::CGenericParser() {
-  Reading.Filename = std::make_shared<const CBasicString>();
-}
+CGenericParser::CGenericParser() { Reading.Filename = std::make_shared<const CBasicString>(); }
 
 void CGenericParser::SetKeywordTable(const ParserKeywordEntry* table) {
   KeywordTable = table;

@@ -22,12 +22,8 @@ constexpr unsigned char FirstShiftCode = 0x0E;
 constexpr unsigned char LastShiftCode = FirstShiftCode + ShiftedCharacters.size() - 1;
 static_assert(LastShiftCode < 0x20);
 
-constexpr bool IsShiftCode(unsigned char byte) {
-  return byte >= FirstShiftCode && byte <= LastShiftCode;
-}
-constexpr char FromShiftCode(unsigned char code) {
-  return ShiftedCharacters[code - FirstShiftCode];
-}
+constexpr bool IsShiftCode(unsigned char byte) { return byte >= FirstShiftCode && byte <= LastShiftCode; }
+constexpr char FromShiftCode(unsigned char code) { return ShiftedCharacters[code - FirstShiftCode]; }
 
 /// The shift code of a character that would end a word; control characters without a code of their own take that of the
 /// blank. Any other byte stays as it is.
@@ -55,8 +51,6 @@ inline constexpr CharacterTable FileCharacters = MakeCharacterTable(false);
 inline constexpr CharacterTable BufferCharacters = MakeCharacterTable(true);
 
 /// Upper-case form of an ASCII letter; any other byte as it is.
-constexpr char ToUpperAscii(char c) {
-  return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-}
+constexpr char ToUpperAscii(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
 
 }  // namespace qelvrml

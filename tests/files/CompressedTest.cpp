@@ -1,0 +1,188 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <zip.h>
+#include <zlib.h>
+
+#include <cstdlib>
+#include <fstream>
+
+#include "support/Model.h"
+
+namespace {
+
+const std::string Scene = "#VRML V1.0 ascii\nDEF box Cube {} Sphere {}\n";
+
+std::string Gzip(const std::string& text) {
+  z_stream stream{};
+  deflateInit2(&stream, 9, Z_DEFLATED, 15 + 16, 8, Z_DEFAULT_STRATEGY);
+  std::string packed(deflateBound(&stream, text.size()) + 64, '\0');
+  stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(text.data()));
+  stream.avail_in = static_cast<uInt>(text.size());
+  stream.next_out = reinterpret_cast<Bytef*>(packed.data());
+  stream.avail_out = static_cast<uInt>(packed.size());
+  deflate(&stream, Z_FINISH);
+  packed.resize(stream.total_out);
+  deflateEnd(&stream);
+  return packed;
+}
+
+struct Member {
+  std::string Name;
+  std::string Text;
+};
+
+std::string Zip(const TemporaryFolder& folder, const std::vector<Member>& members, bool encrypted = false) {
+  const std::string path = (folder.Path() / "made.zip").string();
+  zip_t* archive = zip_open(path.c_str(), ZIP_CREATE | ZIP_TRUNCATE, nullptr);
+  for (const Member& member : members) {
+    if (member.Name.ends_with('/')) {
+      zip_dir_add(archive, member.Name.c_str(), 0);
+      continue;
+    }
+    zip_source_t* source = zip_source_buffer(archive, member.Text.data(), member.Text.size(), 0);
+    const auto index = static_cast<zip_uint64_t>(zip_file_add(archive, member.Name.c_str(), source, 0));
+    if (encrypted) zip_file_set_encryption(archive, index, ZIP_EM_AES_256, "secret");
+  }
+  zip_close(archive);
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+/// Loads files with a temporary folder of its own, which has to be empty after every load.
+class CompressedTest : public testing::Test {
+protected:
+  CompressedTest() {
+    std::filesystem::create_directory(Temporary());
+    setenv("TMPDIR", Temporary().c_str(), 1);
+  }
+  ~CompressedTest() override { unsetenv("TMPDIR"); }
+
+  std::filesystem::path Temporary() const { return Folder.Path() / "tmp"; }
+  Model LoadPacked(const std::string& bytes) {
+    Model model = LoadFile(Folder.Write("packed", bytes));
+    EXPECT_TRUE(std::filesystem::is_empty(Temporary())) << "a temporary file is left";
+    return model;
+  }
+  TemporaryFolder Folder;
+};
+
+TEST_F(CompressedTest, GzipFilesLoad) {
+  EXPECT_EQ(LoadPacked(Gzip(Scene)).Classes(), "brixBox brixSphere");
+  std::string older = Gzip(Scene);
+  older[1] = '\x9E';
+  EXPECT_EQ(LoadPacked(older).Classes(), "brixBox brixSphere");
+  EXPECT_EQ(LoadPacked(Gzip(Scene) + Gzip("Cone {}") + "trailing bytes").Classes(),
+            "brixBox brixSphere brixCone brixDisk");
+}
+
+TEST_F(CompressedTest, TheTemporaryFileIsPrivateWhileItIsRead) {
+  static std::filesystem::path temporary;
+  static int seen;
+  temporary = Temporary();
+  seen = 0;
+  CKelWorld world;
+  CVRMLParser parser;
+  parser.SetLoaderPtr([](int /*percentage*/) {
+    for (const auto& entry : std::filesystem::directory_iterator(temporary)) {
+      ++seen;
+      EXPECT_TRUE(entry.path().filename().string().starts_with("VRML"));
+      EXPECT_EQ(entry.path().extension(), ".wrl");
+      EXPECT_EQ(entry.status().permissions(), std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
+    }
+  });
+  EXPECT_EQ(parser.Parse(&world, Folder.Write("packed", Gzip(Scene)).c_str()), VRMLLoadOK);
+  EXPECT_GT(seen, 0);
+}
+
+TEST_F(CompressedTest, ZipFilesGiveTheirScene) {
+  const Member scene = {"models/scene.WRL", Scene};
+  EXPECT_EQ(LoadPacked(Zip(Folder, {{"models/", ""},
+                                    {"readme.txt", "text"},
+                                    {"__MACOSX/scene.wrl", "x"},
+                                    {"models/.hidden.wrl", "x"},
+                                    scene}))
+                .Result,
+            VRMLLoadOK);
+  EXPECT_EQ(LoadPacked(Zip(Folder, {{"folder/", ""}, {"other.x", Scene}})).Result, VRMLLoadOK)
+      << "the first that isn't a folder";
+  EXPECT_EQ(LoadPacked(Zip(Folder, {{"readme.txt", "text"}})).Result, VRMLLoadFailed) << "no VRML in it";
+  EXPECT_EQ(LoadPacked(Zip(Folder, {{"folder/", ""}})).Result, VRMLLoadDecompressFailed);
+  EXPECT_EQ(LoadPacked(Zip(Folder, {scene}, true)).Result, VRMLLoadDecompressFailed) << "encrypted";
+  std::string damaged = Zip(Folder, {{"a.wrl", Scene + std::string(200, ' ')}});
+  damaged[45] = static_cast<char>(damaged[45] ^ 0x55);
+  EXPECT_EQ(LoadPacked(damaged).Result, VRMLLoadDecompressFailed);
+}
+
+TEST_F(CompressedTest, WhatLooksPackedAndWhatDoesNot) {
+  struct Case {
+    std::string Bytes;
+    VRMLLoadResultTypes Result;
+  };
+  for (const auto& [bytes, result] :
+       {Case{"\x1F\x8B"
+             "rubbish",
+             VRMLLoadDecompressFailed},
+        Case{"\x1F\x1E"
+             "pack",
+             VRMLLoadDecompressFailed},
+        Case{"\x1F\xA0", VRMLLoadDecompressFailed}, Case{"PK\x03\x04 rubbish", VRMLLoadDecompressFailed},
+        Case{"PK is text", VRMLLoadFailed}, Case{"\x1F", VRMLLoadFailed}, Case{"PK\x03", VRMLLoadFailed},
+        Case{Gzip("no header"), VRMLLoadFailed}, Case{Gzip(""), VRMLLoadDecompressFailed}}) {
+    const Model model = LoadPacked(bytes);
+    EXPECT_EQ(model.Result, result) << testing::PrintToString(bytes);
+    EXPECT_EQ(model.Parser->GetLastWarning(), 0);
+  }
+}
+
+// Every truncation and a flipped bit at every offset: loaded or refused, and nothing stays behind.
+TEST_F(CompressedTest, DamageAtEveryOffset) {
+  for (const std::string& sound : {Gzip(Scene), Zip(Folder, {{"a.wrl", Scene}})}) {
+    for (std::size_t i = 0; i < sound.size(); ++i) {
+      SCOPED_TRACE(i);
+      LoadPacked(sound.substr(0, i));
+      std::string flipped = sound;
+      flipped[i] = static_cast<char>(flipped[i] ^ 0x10);
+      LoadPacked(flipped);
+    }
+  }
+  std::string wrongCheck = Gzip(Scene);
+  wrongCheck[wrongCheck.size() - 5] = static_cast<char>(wrongCheck[wrongCheck.size() - 5] ^ 1);
+  EXPECT_EQ(LoadPacked(wrongCheck).Result, VRMLLoadDecompressFailed);
+}
+
+// A stream that breaks off behind its first chunk of 1,024,000 bytes gives what was before.
+TEST_F(CompressedTest, ATruncatedStreamGivesItsBeginning) {
+  std::string noise = Scene + "# ";
+  for (unsigned i = 1, x = 7; i < 1300000; ++i, x = x * 1664525U + 1013904223U)
+    noise += static_cast<char>('a' + (x >> 24U) % 26);
+  const std::string packed = Gzip(noise + "\nCone {}");
+  const Model model = LoadPacked(packed.substr(0, packed.size() - 1000));
+  EXPECT_EQ(model.Classes(), "brixBox brixSphere");
+}
+
+TEST_F(CompressedTest, WithoutRoomTheFileCannotBeUnpacked) {
+  rlimit earlier{};
+  getrlimit(RLIMIT_FSIZE, &earlier);
+  const std::string path = Folder.Write("packed", Gzip(Scene));
+  rlimit none = earlier;
+  none.rlim_cur = 0;
+  setrlimit(RLIMIT_FSIZE, &none);
+  CKelWorld world;
+  const VRMLLoadResultTypes result = CVRMLParser().Parse(&world, path.c_str());
+  setrlimit(RLIMIT_FSIZE, &earlier);
+  EXPECT_EQ(result, VRMLLoadDecompressFailed);
+  EXPECT_TRUE(std::filesystem::is_empty(Temporary()));
+  setenv("TMPDIR", "/no/such/folder", 1);
+  EXPECT_EQ(CVRMLParser().Parse(&world, path.c_str()), VRMLLoadDecompressFailed);
+}
+
+// The file that names the subfile is the temporary one.
+TEST_F(CompressedTest, SubfilesAreLookedForBesideTheTemporaryFile) {
+  Folder.Write("tmp/part.wrl", "#VRML V2.0 utf8\nSphere {}");
+  Folder.Write("part.wrl", "#VRML V2.0 utf8\nBox {}");
+  EXPECT_EQ(LoadFile(Folder.Write("packed", Gzip("#VRML V2.0 utf8\nInline { url \"part.wrl\" }"))).Classes(),
+            "brixSphere");
+}
+
+}  // namespace
