@@ -3,9 +3,11 @@
 #include <algorithm>
 
 bool CVRMLDictionarySeparator::AddChild(CVRMLDictionaryEntry* child) {
-  if (!child || !Children.AddTail(child)) return false;
+  if (!child) return false;
   child->Holders.push_back(this);
-  return true;
+  if (Children.AddTail(child)) return true;
+  child->Holders.pop_back();
+  return false;
 }
 
 bool CVRMLDictionarySeparator::RemoveChild(CVRMLDictionaryEntry* child) {

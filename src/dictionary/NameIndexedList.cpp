@@ -1,5 +1,7 @@
 #include "dictionary/NameIndexedList.h"
 
+#include <new>
+
 namespace qelvrml {
 
 NameIndexedList& NameIndexedList::operator=(const NameIndexedList& other) {
@@ -30,7 +32,11 @@ CBasicListElement* NameIndexedList::FindElement(void* value) {
 
 bool NameIndexedList::AddTail(void* data) {
   if (!CKelList::AddTail(data)) return false;
-  Enter(GetTailElement());
+  try {
+    Enter(GetTailElement());
+  } catch (const std::bad_alloc&) {
+    OutOfDate = true;  // the word is in the list; a search will find room for the indexes, or not
+  }
   return true;
 }
 
@@ -72,10 +78,11 @@ void NameIndexedList::Leave(Map& index, const Key& key, const CBasicListElement*
 void NameIndexedList::Rebuild() {
   ByKey.clear();
   ByData.clear();
-  OutOfDate = false;
+  OutOfDate = true;
   CBasicListElement* place = GetCurrentElement();
-  for (CBasicListElement* element = GoToFirst(); element; element = GoToNext()) Enter(element);
+  for (CBasicListElement* element = GoToFirst(); element; element = element->Next) Enter(element);
   SetCurrentElement(place);
+  OutOfDate = false;
 }
 
 void NameIndexedList::Enter(CBasicListElement* element) {

@@ -67,12 +67,18 @@ Item* ItemOf(CBasicListElement* element) {
   return static_cast<Item*>(element->Data);
 }
 
-// Deletes what the list holds and empties it.
+/// A list of bare pointers whose items go with it.
 template <class Item>
-void DeleteItems(CKelList& list) {
-  for (CBasicListElement* element = list.GoToFirst(); element; element = element->Next) delete ItemOf<Item>(element);
-  list.RemoveAll();
-}
+class OwningList : public CKelList {
+public:
+  OwningList() = default;
+  OwningList(const OwningList&) = delete;
+  OwningList& operator=(const OwningList&) = delete;
+  ~OwningList() override {
+    for (CBasicListElement* element = CBasicList::GoToFirst(); element; element = element->Next)
+      delete ItemOf<Item>(element);
+  }
+};
 
 }  // namespace
 
@@ -82,7 +88,7 @@ bool CVRMLParser::DefineExtrusionCap(int row, int pointsInRow, const brixFloatPo
   brixFloatPointArray outline;
   outline.Assign(mesh.View().subspan(static_cast<std::size_t>(first), static_cast<std::size_t>(pointsInRow)));
 
-  CKelList loops;
+  OwningList<brixFloatPointArray> loops;
   DetermineLoopsFromPoints(outline, loops);
   if (loops.GetCount() == 0) return false;
   const brixMatrix4x4 toPlane = GenerateCapTransform(*static_cast<brixFloatPointArray*>(loops.GetHead()));
@@ -92,16 +98,14 @@ bool CVRMLParser::DefineExtrusionCap(int row, int pointsInRow, const brixFloatPo
     qelvrml::Transform(loop.Edit(), toPlane);
     generator.AddLoop(loop);
   }
-  DeleteItems<brixFloatPointArray>(loops);
   generator.DetermineInteriorExteriorLoops();
-  CKelList polygons;
+  OwningList<brixComplexPolygon> polygons;
   generator.CreateCompPolyList(polygons);
   const brixMatrix4x4 toWorld = GetInverseMatrix(toPlane);
   bool result = false;
   for (CBasicListElement* element = polygons.GoToFirst(); element; element = element->Next) {
     result = AddCapPiece(*ItemOf<brixComplexPolygon>(element), toWorld) || result;
   }
-  DeleteItems<brixComplexPolygon>(polygons);
   return result;
 }
 
@@ -128,7 +132,7 @@ bool CVRMLParser::AddCapPiece(const brixComplexPolygon& polygon, const brixMatri
 bool CVRMLParser::DetermineLoopsFromPoints(brixFloatPointArray& points, CKelList& loops) {
   brixIntArray order;
   if (points.IsEmpty() || !SortPointArrayForProximity(points, order)) return false;
-  CKelList pairs;
+  OwningList<CVRMLLoopIndexPair> pairs;
   const auto at = [&points](int index) { return points.View()[static_cast<std::size_t>(index)]; };
   for (unsigned p = 1; p < order.GetSize(); ++p) {
     const int one = order.View()[p - 1];
@@ -141,7 +145,6 @@ bool CVRMLParser::DetermineLoopsFromPoints(brixFloatPointArray& points, CKelList
   }
   SortIndexPairList(pairs, 0, pairs.GetCount() - 1);
   CollectLoops(points, pairs, loops);
-  DeleteItems<CVRMLLoopIndexPair>(pairs);
   return loops.GetCount() > 0;
 }
 

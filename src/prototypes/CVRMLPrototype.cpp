@@ -72,18 +72,22 @@ CVRMLPrototypeField* CVRMLPrototype::CreateField(const CBasicString& name, CBasi
 
 CVRMLPrototypeField* CVRMLPrototype::CreateField(const CBasicString& name, VRMLFieldTypes type, char* text,
                                                  int length) {
-  auto* field = new (std::nothrow) CVRMLPrototypeField;
+  std::unique_ptr<CVRMLPrototypeField> field(new (std::nothrow) CVRMLPrototypeField);
   if (!field) return nullptr;
   field->SetName(name);
   field->SetType(type);
   field->SetValueText(text);
   field->SetValueLength(length);
-  return field;
+  return field.release();
 }
 
 bool CVRMLPrototype::AddField(const CBasicString& name, CBasicString& typeName, char* text, int length) {
   std::unique_ptr<CVRMLPrototypeField> field(CreateField(name, typeName, text, length));
-  if (!field || !Fields.AddTail(field.get())) return false;
+  if (!field) return false;
+  if (!Fields.AddTail(field.get())) {
+    field->SetValueText(nullptr);  // the text stays with the caller
+    return false;
+  }
   field.release();
   return true;
 }

@@ -45,7 +45,7 @@ public:
   /// A new field that takes `text` over; null if there is no memory, and then the text stays with the caller.
   static CVRMLPrototypeField* CreateField(const CBasicString& name, CBasicString& typeName, char* text, int length);
   static CVRMLPrototypeField* CreateField(const CBasicString& name, VRMLFieldTypes type, char* text, int length);
-  /// Adds a field to the interface; false if it couldn't be made.
+  /// Adds a field to the interface; false if it couldn't be made, and then the text stays with the caller.
   bool AddField(const CBasicString& name, CBasicString& typeName, char* text, int length);
 
   /// Merges the body, the values in an instance's captured text, which may be null, and the defaults into a new text,

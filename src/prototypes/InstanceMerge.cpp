@@ -53,7 +53,6 @@ BodyTemplate::BodyTemplate(const char* text, int length) {
 }
 
 InstanceMerge::InstanceMerge(CVRMLPrototype& prototype, const char* text, int length) : Prototype(prototype) {
-  Values.SetElementHandler(FieldElementHandler);
   if (text) Prototype.ParseInstanceFields(text, length, Values);
   Prototype.MarkOverriddenFields(Values);
   // What the instance gives comes first, and the first of several fields of a name counts.

@@ -39,7 +39,7 @@ public:
   InstanceMerge(CVRMLPrototype& prototype, const char* text, int length);
   InstanceMerge(const InstanceMerge&) = delete;
   InstanceMerge& operator=(const InstanceMerge&) = delete;
-  ~InstanceMerge() { Values.RemoveAllValues(); }
+  ~InstanceMerge() = default;
 
   /// Length of the merged text in bytes.
   std::uint64_t GetLength() const { return PieceCount > 0 ? Length + PieceCount - 1 : 0; }
@@ -47,12 +47,21 @@ public:
   void Write(char* out);
 
 private:
+  /// A list of fields that go with it.
+  class OwnedFields : public CKelList {
+  public:
+    OwnedFields() { CBasicList::SetElementHandler(FieldElementHandler); }
+    OwnedFields(const OwnedFields&) = delete;
+    OwnedFields& operator=(const OwnedFields&) = delete;
+    ~OwnedFields() override { CBasicList::RemoveAllValues(); }
+  };
+
   CVRMLPrototypeField* Find(const CBasicString& name);
   void Measure();
   void MeasureUnused(CKelList& list);
 
   CVRMLPrototype& Prototype;
-  CKelList Values;  ///< what the instance gives
+  OwnedFields Values;  ///< what the instance gives
   std::unordered_map<std::u16string_view, CVRMLPrototypeField*> ByName;
   std::vector<const CVRMLPrototypeField*> References;  ///< the field in each reference's place, null for none
   std::uint64_t Length = 0;                            ///< of all pieces without the blanks between them

@@ -131,6 +131,38 @@ TEST(PrototypeField, ComparesAndCopies) {
   EXPECT_TRUE(FieldElementHandler(1, &slot, nullptr));
 }
 
+// The steps of a merge, as a host may take them by itself.
+TEST(PrototypeField, StepsOfAMerge) {
+  CVRMLPrototype prototype;
+  for (const char* name : {"a", "b", "c"}) {
+    CBasicString type("SFFloat");
+    char* value = static_cast<char*>(std::malloc(1));
+    *value = '1';
+    ASSERT_TRUE(prototype.AddField(name, type, value, 1));
+  }
+  CKelList values;
+  values.SetElementHandler(FieldElementHandler);
+  const std::string text = "{ b 2 unknown 3 b 4";
+  ASSERT_TRUE(prototype.ParseInstanceFields(text.c_str(), static_cast<int>(text.size()), values));
+  EXPECT_FALSE(prototype.ParseInstanceFields(nullptr, 0, values));
+  ASSERT_EQ(values.GetCount(), 2);
+  EXPECT_EQ(CVRMLPrototype::FindField("b", values)->GetValue(), "2");
+  EXPECT_EQ(prototype.FindField("B"), nullptr);
+  prototype.MarkOverriddenFields(values);
+  EXPECT_TRUE(prototype.FindField("b")->GetUsed());
+  int sum = 0;
+  int count = 0;
+  CVRMLPrototype::AddUnusedFields(prototype.GetFields(), &sum, &count, 0, nullptr);
+  EXPECT_EQ(sum, 4);
+  EXPECT_EQ(count, 4);
+  std::string written(7, '.');
+  char* out = written.data();
+  int pieces = 0;
+  CVRMLPrototype::AddUnusedFields(prototype.GetFields(), &sum, &pieces, count, &out);
+  EXPECT_EQ(written, "a.1.c.1") << "blanks are left to whoever has filled the buffer";
+  values.RemoveAllValues();
+}
+
 class CaptureTest : public testing::Test {
 protected:
   void Start(const std::string& text) { Manager.StartBufferReading(text.c_str(), static_cast<int>(text.size())); }

@@ -61,6 +61,24 @@ TEST(Tool, InfoCountsTheModel) {
   EXPECT_THAT(output.Out, testing::ContainsRegex("triangles +24\n"));
 }
 
+TEST(Tool, ShowsTexturesAndWhatIsMissing) {
+  const TemporaryFolder folder;
+  std::filesystem::copy_file(std::string(QELVRML_TEST_SCENES) + "/tile.png", folder.Path() / "tile.png");
+  const std::string path = folder.Write("s.wrl", R"(#VRML V2.0 utf8
+    Shape { appearance Appearance { texture ImageTexture { url "tile.png" } textureTransform TextureTransform { rotation 1.5 } }
+      geometry IndexedFaceSet { coord Coordinate { point [ 0 0 0, 1 0 0, 0 1 0 ] } coordIndex [ 0 1 2 ]
+        texCoord TextureCoordinate { point [ 0 0, 1 0, 0 1 ] } } }
+    Shape { appearance Appearance { texture ImageTexture { url "images/none.png" } } geometry Box {} } Inline { url "part.wrl" })");
+  const Output dump = RunTool("dump " + path);
+  EXPECT_THAT(dump.Out, HasSubstr(R"("textures":[{"id":1,"name":"tile.png","width":3,"height":2}])"));
+  EXPECT_THAT(dump.Out, HasSubstr(R"("texture":{"id":1,"wrapS":1,"wrapT":1,"rotation":85.94)"));
+  const Output info = RunTool("info " + path);
+  EXPECT_THAT(info.Out, HasSubstr("3 x 2 pixels"));
+  for (const std::string missing : {"/images/none.png", "/none.png", "/part.wrl"}) {
+    EXPECT_THAT(info.Out, testing::ContainsRegex("not found +" + (folder.Path().string() + missing) + "\n"));
+  }
+}
+
 // One line on standard error, and a status, for each way in which a load can fail.
 TEST(Tool, SaysWhatWentWrong) {
   const TemporaryFolder folder;
@@ -76,7 +94,8 @@ TEST(Tool, SaysWhatWentWrong) {
       {folder.Path(), 2, "is a folder"},
       {folder.Write("text.wrl", "Cube {}"), 1, "not a VRML file"},
       {folder.Write("empty.wrl", ""), 1, "not a VRML file"},
-      {folder.Write("bad.wrl", "#VRML V1.0 ascii\nRotation {}"), 1, "nothing in it could be loaded"}};
+      {folder.Write("bad.wrl", "#VRML V1.0 ascii\nRotation {}"), 1, "nothing in it could be loaded"},
+      {folder.Write("packed.gz", "\x1F\x8Brubbish"), 3, "can't be unpacked"}};
   if (geteuid() != 0) cases.push_back({secret, 2, "no permission"});
   for (const auto& [path, status, words] : cases) {
     const Output output = RunTool("dump " + path);

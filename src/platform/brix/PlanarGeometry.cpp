@@ -109,6 +109,13 @@ PointIndex IndexPoints(const PlanarPolygon& polygon) {
   return index;
 }
 
+// Hands geometries over to whoever takes bare pointers.
+std::vector<GEOSGeometry*> Release(std::vector<Engine::Geometry>& geometries) {
+  std::vector<GEOSGeometry*> bare(geometries.size());
+  std::transform(geometries.begin(), geometries.end(), bare.begin(), [](Engine::Geometry& g) { return g.release(); });
+  return bare;
+}
+
 Engine::Geometry MakePolygon(const Engine& engine, const PlanarPolygon& polygon) {
   Engine::Geometry outline = engine.MakeRing(polygon.Outline);
   if (!outline) return outline;
@@ -116,9 +123,7 @@ Engine::Geometry MakePolygon(const Engine& engine, const PlanarPolygon& polygon)
   for (const PlanarRing& hole : polygon.Holes) {
     if (Engine::Geometry ring = engine.MakeRing(hole)) holes.push_back(std::move(ring));
   }
-  std::vector<GEOSGeometry*> bare;
-  bare.reserve(holes.size());
-  for (Engine::Geometry& hole : holes) bare.push_back(hole.release());
+  std::vector<GEOSGeometry*> bare = Release(holes);
   return engine.Own(
       GEOSGeom_createPolygon_r(engine.Get(), outline.release(), bare.data(), static_cast<unsigned>(bare.size())));
 }
@@ -134,17 +139,18 @@ PlanarRing ToRing(const brixFloatPointArray& points) {
 
 std::vector<PlanarPolygon> GroupLoops(std::span<const PlanarRing> loops) {
   const Engine engine;
-  std::vector<GEOSGeometry*> rings;
+  std::vector<Engine::Geometry> rings;
   for (const PlanarRing& loop : loops) {
     if (loop.size() < 3 || !IsFinite(loop) || !HasArea(loop)) continue;
-    if (Engine::Geometry ring = engine.MakeRing(loop)) rings.push_back(ring.release());
+    if (Engine::Geometry ring = engine.MakeRing(loop)) rings.push_back(std::move(ring));
   }
   std::vector<PlanarPolygon> polygons;
   if (rings.empty()) return polygons;
 
   // The union of the lines splits them where they cross; the areas between them alternate from outside to inside.
+  std::vector<GEOSGeometry*> bare = Release(rings);
   const Engine::Geometry lines = engine.Own(GEOSGeom_createCollection_r(
-      engine.Get(), GEOS_GEOMETRYCOLLECTION, rings.data(), static_cast<unsigned>(rings.size())));
+      engine.Get(), GEOS_GEOMETRYCOLLECTION, bare.data(), static_cast<unsigned>(bare.size())));
   const Engine::Geometry noded = engine.Own(lines ? GEOSUnaryUnion_r(engine.Get(), lines.get()) : nullptr);
   const Engine::Geometry area = engine.Own(noded ? GEOSBuildArea_r(engine.Get(), noded.get()) : nullptr);
   if (!area) return polygons;

@@ -1,8 +1,10 @@
 #include "platform/fileint/PathLookup.h"
 
+#include <dirent.h>
 #include <strings.h>
 
 #include <filesystem>
+#include <memory>
 #include <system_error>
 
 namespace qelvrml {
@@ -11,15 +13,13 @@ namespace {
 namespace fs = std::filesystem;
 
 // The one entry of `folder` that equals `name` without regard to case; empty when there is none, or more than one.
-fs::path UniqueEntry(const fs::path& folder, const fs::path& name) {
-  std::error_code error;
-  fs::path found;
-  fs::directory_iterator entry(folder.empty() ? fs::path(".") : folder, error);
-  for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
-    fs::path candidate = entry->path().filename();
-    if (strcasecmp(candidate.c_str(), name.c_str()) != 0) continue;
+std::string UniqueEntry(const std::string& folder, const std::string& name) {
+  const std::unique_ptr<DIR, int (*)(DIR*)> stream(opendir(folder.empty() ? "." : folder.c_str()), closedir);
+  std::string found;
+  while (const dirent* entry = stream ? readdir(stream.get()) : nullptr) {
+    if (strcasecmp(entry->d_name, name.c_str()) != 0) continue;
     if (!found.empty()) return {};
-    found = std::move(candidate);
+    found = entry->d_name;
   }
   return found;
 }
@@ -34,11 +34,11 @@ std::string FindIgnoringCase(const std::string& path) {
       result /= component;
       continue;
     }
-    const fs::path found = UniqueEntry(result, component);
+    const std::string found = UniqueEntry(result.native(), component.native());
     if (found.empty()) return {};
     result /= found;
   }
-  return result.string();
+  return result.native();
 }
 
 }  // namespace qelvrml

@@ -1,0 +1,70 @@
+// Each allocation of a load fails once: the load ends in an exception or goes on, and nothing leaks or is torn.
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <cstdlib>
+#include <new>
+
+#include "support/Model.h"
+
+namespace {
+
+std::atomic<long> AllocationsLeft = -1;  // -1: all succeed
+
+void* Allocate(std::size_t size) noexcept {
+  if (AllocationsLeft >= 0 && AllocationsLeft-- == 0) return nullptr;
+  return std::malloc(size == 0 ? 1 : size);
+}
+
+}  // namespace
+
+void* operator new(std::size_t size) {
+  if (void* block = Allocate(size)) return block;
+  throw std::bad_alloc();
+}
+void* operator new[](std::size_t size) { return operator new(size); }
+void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept { return Allocate(size); }
+void* operator new[](std::size_t size, const std::nothrow_t& /*tag*/) noexcept { return Allocate(size); }
+void operator delete(void* block) noexcept { std::free(block); }
+void operator delete[](void* block) noexcept { std::free(block); }
+void operator delete(void* block, std::size_t /*size*/) noexcept { std::free(block); }
+void operator delete[](void* block, std::size_t /*size*/) noexcept { std::free(block); }
+
+namespace {
+
+TEST(Allocation, EachOneMayFail) {
+  const TemporaryFolder folder;
+  const std::string path = folder.Write("scene.wrl", R"(#VRML V2.0 utf8
+    PROTO P [ field SFFloat r 1 field SFNode n Sphere {} ] { Transform { translation 1 0 0 children Shape { geometry Sphere { radius IS r } } } }
+    DEF g Group { children [ DEF p P { r 2 } Shape { appearance Appearance { material DEF m Material { diffuseColor 1 0 0 } }
+      geometry DEF f IndexedFaceSet { coord Coordinate { point [ 0 0 0, 1 0 0, 1 1 0, 0 1 0 ] } coordIndex [ 0 1 2 -1 0 2 3 ]
+        texCoord TextureCoordinate { point [ 0 0, 1 0, 1 1 ] } } } Inline { url "none.wrl" } ] }
+    Shape { appearance Appearance { texture PixelTexture { image 1 1 3 5 } } geometry Extrusion {
+      crossSection [ 0 0, 4 0, 4 4, 0 4, 0 0, 1 1, 1 2, 2 2, 1 1 ] spine [ 0 0 0, 0 1 0 ] } }
+    USE g USE p DEF g Cylinder {} ElevationGrid { xDimension 2 zDimension 2 xSpacing 1 zSpacing 1 height [ 1 2 3 4 ] })");
+  const std::size_t whole = LoadFile(path).Size();
+  bool finished = false;
+  for (long n = 0; !finished; ++n) {
+    SCOPED_TRACE(n);
+    CKelWorld world;
+    CVRMLParser parser;
+    const CBasicString name(path.c_str());
+    AllocationsLeft = n;
+    try {
+      parser.Parse(&world, name);
+    } catch (const std::bad_alloc&) {
+    }
+    finished = AllocationsLeft > 0;  // there were no more allocations to fail
+    AllocationsLeft = -1;
+    EXPECT_EQ(FindFault(world), "");
+    // The parser is still good for another load.
+    CKelWorld again;
+    EXPECT_EQ(parser.Parse(&again, name), VRMLLoadOK);
+    EXPECT_EQ(FindFault(again), "");
+    ASSERT_LT(n, 100000);
+  }
+  EXPECT_GT(whole, 8U);
+}
+
+}  // namespace
