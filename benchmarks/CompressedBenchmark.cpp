@@ -13,7 +13,8 @@ std::string Surface(int count) {
   std::string text = "#VRML V1.0 ascii\nSeparator { Coordinate3 { point [\n";
   for (int i = 0; i < count; ++i) {
     const double u = i % 1000 * 0.01;
-    const double v = i / 1000 * 0.01;
+    const int row = i / 1000;
+    const double v = row * 0.01;
     text += std::to_string(std::cos(u) * (3 + std::cos(v))) + " " + std::to_string(std::sin(u) * (3 + std::cos(v))) +
             " " + std::to_string(std::sin(v)) + ",\n";
   }

@@ -49,7 +49,10 @@ void CapWithHoles(benchmark::State& state) {
     const double z[] = {0.0, along, side + 1.0, side + 1.0 - along};
     section += std::to_string(x[edge]) + " " + std::to_string(z[edge]) + " ";
   }
-  for (int i = 0; i < holes; ++i) section += Circle(1.0 + i % side, 1.0 + i / side, 0.3, HolePoints);
+  for (int i = 0; i < holes; ++i) {
+    const int row = i / side;
+    section += Circle(1.0 + i % side, 1.0 + row, 0.3, HolePoints);
+  }
   const std::string text =
       "#VRML V2.0 utf8\nExtrusion { endCap FALSE spine [ 0 0 0, 0 1 0 ] crossSection [ " + section + "] }";
   TimeLoad(state, SceneFile("cap.wrl", text), std::int64_t{holes} * HolePoints + outline);

@@ -22,8 +22,8 @@ void SeparatorsBehindCoordinates(benchmark::State& state) {
   text += "] }\n";
   for (int i = 0; i < count; ++i) {
     const std::string first = std::to_string(i);
-    text += "Separator { Translation { translation " + first + " 0 0 } IndexedFaceSet { coordIndex [ " + first + " " +
-            std::to_string(i + 1) + " " + std::to_string(i + 1001) + " -1 ] } }\n";
+    text += "Separator { Translation { translation " + first + " 0 0 } IndexedFaceSet { coordIndex [ " + first;
+    text += " " + std::to_string(i + 1) + " " + std::to_string(i + 1001) + " -1 ] } }\n";
   }
   TimeLoad(state, SceneFile("separators.wrl", text), count);
 }

@@ -65,9 +65,9 @@ CVRMLPrototypeField* CVRMLPrototype::FindField(const CBasicString& name, CKelLis
 
 CVRMLPrototypeField* CVRMLPrototype::CreateField(const CBasicString& name, CBasicString& typeName, char* text,
                                                  int length) {
-  CVRMLPrototypeField* field = CreateField(name, VRMLFieldUnknown, text, length);
-  if (field) field->SetTypeFromName(typeName);
-  return field;
+  CVRMLPrototypeField typed;
+  typed.SetTypeFromName(typeName);
+  return CreateField(name, typed.GetType(), text, length);
 }
 
 CVRMLPrototypeField* CVRMLPrototype::CreateField(const CBasicString& name, VRMLFieldTypes type, char* text,

@@ -24,7 +24,7 @@ public:
   }
 
   std::string Shown() {
-    const std::string text = Manager.GetCurrentTokenString();
+    std::string text = Manager.GetCurrentTokenString();
     switch (Manager.GetCurrentTokenDataType()) {
       case GenericTokenString: return "'" + text + "'";
       case GenericTokenNumber: return "#" + text;

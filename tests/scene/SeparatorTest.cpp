@@ -135,10 +135,11 @@ TEST_F(MaterialTest, TextureCoordinatesServeOneObject) {
   Separator.SetDiffuseColor(Colours(1));
   Separator.GetTextureState().SetTextureID(1);
   Separator.GetTextureState().SetTextureCoordinates(brix2DFloatPointArray(3));
-  auto* first = new brixDot;
-  auto* second = new brixDot;
-  ASSERT_TRUE(Separator.AddObject(first));
-  ASSERT_TRUE(Separator.AddObject(second));
+  Separator.AddObject(new brixDot);
+  Separator.AddObject(new brixDot);
+  ASSERT_EQ(world.GetNumObjects(), 2);
+  const brixBaseObject* first = world.GetObjectAt(0);
+  const brixBaseObject* second = world.GetObjectAt(1);
   EXPECT_THAT(Diffuse(first->GetMatProps()), IsColour(1, 1, 1, 1));
   EXPECT_THAT(Diffuse(second->GetMatProps()), IsColour(0, 0, 0, 1));
   const CKelTextureManager* textures = world.GetTextureManager();

@@ -79,8 +79,8 @@ public:
     }
   }
 
-  /// Adds one element behind the last, in constant time on average.
-  void Append(const T& value) {
+  /// Adds one element behind the last, in constant time on average. It may be one of this array's own.
+  void Append(T value) {
     if (Count == std::numeric_limits<int>::max()) throw std::bad_alloc();
     if (!Storage || GetHeader().Users.load(std::memory_order_acquire) != 1 || Count == GetHeader().Capacity) Grow();
     Storage[Count++] = value;
@@ -106,6 +106,7 @@ private:
     return reinterpret_cast<T*>(header + 1);
   }
 
+  // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDelete): the count of users isn't understood
   Header& GetHeader() const { return *(reinterpret_cast<Header*>(Storage) - 1); }
 
   void Swap(brixArray1D& other) noexcept {

@@ -1,8 +1,8 @@
 #include "platform/system/TemporaryFile.h"
 
-#include <stdlib.h>
 #include <sys/types.h>
 #include <unistd.h>
+#include <cstdlib>
 
 #include <cerrno>
 #include <csignal>
