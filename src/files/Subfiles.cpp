@@ -43,6 +43,7 @@ bool CVRMLParser::RemoveQuotes(CBasicString& text) { return text.Replace(CBasicS
 bool CVRMLParser::ParseSubfile(const CBasicString& path) {
   if (FilesBeingRead.size() > qelvrml::MaximumSubfileNesting || Subfiles >= qelvrml::MaximumSubfiles) return false;
   ++Subfiles;
+  if (MissingFileNames.count(std::u16string(path.GetView())) > 0) return false;
   CVRMLIOManager subfile;
   subfile.SetFilename(path);
   const VRMLLoadResultTypes opened = subfile.OpenFile();

@@ -91,6 +91,7 @@ VRMLLoadResultTypes CVRMLParser::Parse(CKelWorld* world, const CBasicString& fil
   Subfiles = 0;
   MissingFiles.clear();
   MissingFileNames.clear();
+  MissingTextures.clear();
   // No temporary file outlives the load, however it ends.
   const std::unique_ptr<CVRMLParser, void (*)(CVRMLParser*)> cleaner(
       this, [](CVRMLParser* parser) { parser->DestroyTemporaryFile(); });

@@ -493,7 +493,7 @@ private:
   struct PixelImage;
   bool TakeWrap(VRMLTokenTypes keyword, TextureWrapTypes& wrapS, TextureWrapTypes& wrapT);
   int FindOrLoadTexture(const CBasicString& url);
-  void NoteMissingTexture(const CBasicString& url);
+  CBasicString FindTextureBesideScene(const CBasicString& url);
   void ParseImageField(PixelImage& image, CKelTexture* texture);
 
   // Dictionary.
@@ -551,10 +551,11 @@ private:
 
   std::vector<CBasicString> MissingFiles;
   std::unordered_set<std::u16string> MissingFileNames;
-  std::vector<qelvrml::FileIdentity> FilesBeingRead;  ///< the main file, then the subfiles inside one another
-  int Subfiles = 0;                                   ///< asked for in this load
-  int Expansions = 0;                                 ///< prototypes expanded inside one another
-  int Nesting = 0;                                    ///< ParseBlock calls inside one another
-  std::uint64_t ReplayCost = 0;                       ///< spent in this load
-  std::uint64_t LastSerial = 0;                       ///< of the newest separator
+  std::unordered_set<std::u16string> MissingTextures;  ///< URLs of images that weren't found in this load
+  std::vector<qelvrml::FileIdentity> FilesBeingRead;   ///< the main file, then the subfiles inside one another
+  int Subfiles = 0;                                    ///< asked for in this load
+  int Expansions = 0;                                  ///< prototypes expanded inside one another
+  int Nesting = 0;                                     ///< ParseBlock calls inside one another
+  std::uint64_t ReplayCost = 0;                        ///< spent in this load
+  std::uint64_t LastSerial = 0;                        ///< of the newest separator
 };

@@ -67,11 +67,8 @@ int CVRMLParser::FindOrLoadTexture(const CBasicString& url) {
   CKelTextureManager& manager = *GetTextureManager();
   CBasicString path = GetResolvedFile(url);
   path.MakeLower();
-  if (!FileExists(path)) path = manager.FindTextureFilenameUsingAlternatePaths(url);
-  if (path.GetLength() == 0) {
-    NoteMissingTexture(url);
-    return -1;
-  }
+  if (!FileExists(path)) path = FindTextureBesideScene(url);
+  if (path.GetLength() == 0) return -1;
   if (const CKelTexture* known = manager.GetTexture(path)) return known->GetTextureID();
   std::unique_ptr<CKelTexture> texture(new (std::nothrow) CKelTexture);
   if (!texture || !texture->GenerateTextureFromFile(path)) return -1;
@@ -80,11 +77,17 @@ int CVRMLParser::FindOrLoadTexture(const CBasicString& url) {
   return id;
 }
 
-void CVRMLParser::NoteMissingTexture(const CBasicString& url) {
-  if (url.GetLength() == 0) return;
-  const std::vector<CBasicString> candidates = GetTextureManager()->GetAlternatePathsOf(url);
+// Looks an image up in the folders that the host has named. What wasn't found once in a load isn't looked for again.
+CBasicString CVRMLParser::FindTextureBesideScene(const CBasicString& url) {
+  if (url.GetLength() == 0 || MissingTextures.count(std::u16string(url.GetView())) > 0) return {};
+  const CKelTextureManager& manager = *GetTextureManager();
+  CBasicString path = manager.FindTextureFilenameUsingAlternatePaths(url);
+  if (path.GetLength() > 0) return path;
+  MissingTextures.emplace(url.GetView());
+  const std::vector<CBasicString> candidates = manager.GetAlternatePathsOf(url);
   if (candidates.empty()) NoteMissingFile(url);
   for (const CBasicString& candidate : candidates) NoteMissingFile(candidate);
+  return {};
 }
 
 bool CVRMLParser::ParsePixelTexture() {

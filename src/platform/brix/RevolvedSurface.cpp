@@ -87,6 +87,17 @@ Arc CircleAboutZ(double radius, double z, const brixFloatPoint& centre, const br
   return arc;
 }
 
+Surface FrustumSide(double bottomRadius, double topRadius, double height, const Turn& turn) {
+  return [=](double around, double up) {
+    const double angle = turn.From + around * (turn.To - turn.From);
+    const double radius = bottomRadius + (topRadius - bottomRadius) * up;
+    SurfacePoint point;
+    point.Position = {radius * std::cos(angle), radius * std::sin(angle), height * up};
+    point.Normal = {height * std::cos(angle), height * std::sin(angle), bottomRadius - topRadius};
+    return point;
+  };
+}
+
 int ChordSteps(double radius, double angle, double chordTolerance) {
   const double r = std::fabs(radius);
   const double tolerance = chordTolerance > 0.0 ? chordTolerance : DefaultTolerance * r;
@@ -105,8 +116,8 @@ double LargestStretch(const brixMatrix4x4& matrix) {
   return largest;
 }
 
-brixEReturn EvaluateSurface(const std::function<SurfacePoint(double, double)>& surface, int turnSteps, int alongSteps,
-                            const brixMatrix4x4& matrix, brixEvaluation& result) {
+brixEReturn EvaluateSurface(const Surface& surface, int turnSteps, int alongSteps, const brixMatrix4x4& matrix,
+                            brixEvaluation& result) {
   result = {};
   const std::array<Triple, 3> cofactors = NormalMatrix(matrix);
   const bool mirrored = Determinant(matrix, cofactors) < 0.0;

@@ -35,15 +35,22 @@ void AddArc(brixBBox& box, const Arc& arc, const Turn& turn, const brixMatrix4x4
 /// The arc of the radius `radius` about the Z axis at the height `z`, its angle measured from `start`.
 Arc CircleAboutZ(double radius, double z, const brixFloatPoint& centre, const brixVector& start);
 
+/// A surface of two parameters, both from 0 to 1.
+using Surface = std::function<SurfacePoint(double, double)>;
+
+/// The side of a frustum about the Z axis with its base in the plane z = 0; the first parameter goes round, the second
+/// up.
+Surface FrustumSide(double bottomRadius, double topRadius, double height, const Turn& turn);
+
 /// Steps that keep the chords of a circle within the tolerance over an angle; from 1 to a bound of some thousands.
 int ChordSteps(double radius, double angle, double chordTolerance);
 
 /// Largest factor by which the matrix stretches a local length along an axis.
 double LargestStretch(const brixMatrix4x4& matrix);
 
-/// Fills `result` with a grid of triangles over a surface of two parameters, both from 0 to 1, placed by `matrix`.
+/// Fills `result` with a grid of triangles over a surface, placed by `matrix`.
 /// Triangles without area, as at a pole, are left out.
-brixEReturn EvaluateSurface(const std::function<SurfacePoint(double, double)>& surface, int turnSteps, int alongSteps,
-                            const brixMatrix4x4& matrix, brixEvaluation& result);
+brixEReturn EvaluateSurface(const Surface& surface, int turnSteps, int alongSteps, const brixMatrix4x4& matrix,
+                            brixEvaluation& result);
 
 }  // namespace qelvrml

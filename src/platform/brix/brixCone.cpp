@@ -23,18 +23,10 @@ brixBBox brixCone::ComputeBBox() const {
 }
 
 brixEReturn brixCone::Evaluate(double chordTolerance, brixEvaluation& result) const {
-  const double bottom = BottomRadius;
-  const double top = TopRadius;
-  const double height = Height;
-  const auto surface = [=](double turn, double along) {
-    const double angle = turn * 2.0 * std::numbers::pi;
-    const double radius = bottom + (top - bottom) * along;
-    qelvrml::SurfacePoint point;
-    point.Position = {radius * std::cos(angle), radius * std::sin(angle), height * along};
-    point.Normal = {height * std::cos(angle), height * std::sin(angle), bottom - top};
-    return point;
-  };
-  const double radius = std::max(std::fabs(bottom), std::fabs(top)) * qelvrml::LargestStretch(GetXformation());
-  const int steps = std::max(3, qelvrml::ChordSteps(radius, 2.0 * std::numbers::pi, chordTolerance));
-  return qelvrml::EvaluateSurface(surface, steps, 1, GetXformation(), result);
+  constexpr double Whole = 2.0 * std::numbers::pi;
+  const double radius =
+      std::max(std::fabs(BottomRadius), std::fabs(TopRadius)) * qelvrml::LargestStretch(GetXformation());
+  const int steps = std::max(3, qelvrml::ChordSteps(radius, Whole, chordTolerance));
+  const qelvrml::Surface side = qelvrml::FrustumSide(BottomRadius, TopRadius, Height, {0.0, Whole});
+  return qelvrml::EvaluateSurface(side, steps, 1, GetXformation(), result);
 }

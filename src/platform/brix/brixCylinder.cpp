@@ -25,20 +25,11 @@ brixBBox brixCylinder::ComputeBBox() const {
 }
 
 brixEReturn brixCylinder::Evaluate(double chordTolerance, brixEvaluation& result) const {
-  const double bottom = Radius;
-  const double top = bottom * Ratio;
-  const double height = Height;
-  const double start = std::atan2(StartDirection.y, StartDirection.x) + StartAngle;
-  const double sweep = static_cast<double>(EndAngle) - StartAngle;
-  const auto surface = [=](double turn, double along) {
-    const double angle = start + turn * sweep;
-    const double radius = bottom + (top - bottom) * along;
-    qelvrml::SurfacePoint point;
-    point.Position = {radius * std::cos(angle), radius * std::sin(angle), height * along};
-    point.Normal = {height * std::cos(angle), height * std::sin(angle), bottom - top};
-    return point;
-  };
-  const double radius = std::max(std::fabs(bottom), std::fabs(top)) * qelvrml::LargestStretch(GetXformation());
-  return qelvrml::EvaluateSurface(surface, qelvrml::ChordSteps(radius, sweep, chordTolerance), 1, GetXformation(),
-                                  result);
+  const double top = static_cast<double>(Radius) * Ratio;
+  const double start = std::atan2(StartDirection.y, StartDirection.x);
+  const double radius =
+      std::max(std::fabs(static_cast<double>(Radius)), std::fabs(top)) * qelvrml::LargestStretch(GetXformation());
+  const int steps = qelvrml::ChordSteps(radius, static_cast<double>(EndAngle) - StartAngle, chordTolerance);
+  const qelvrml::Surface side = qelvrml::FrustumSide(Radius, top, Height, {start + StartAngle, start + EndAngle});
+  return qelvrml::EvaluateSurface(side, steps, 1, GetXformation(), result);
 }
