@@ -13,5 +13,7 @@ write_basic_package_version_file(${CMAKE_CURRENT_BINARY_DIR}/qelvrml-config-vers
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/qelvrml-config.cmake ${CMAKE_CURRENT_BINARY_DIR}/qelvrml-config-version.cmake
   DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/qelvrml)
 
+# Found from where the file lies, so that an installation can be moved.
+file(RELATIVE_PATH QELVRML_PREFIX_FROM_PC /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
 configure_file(cmake/qelvrml.pc.in ${CMAKE_CURRENT_BINARY_DIR}/qelvrml.pc @ONLY)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/qelvrml.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

@@ -28,7 +28,8 @@ int FindBesideScene(CBasicString scene, CBasicString wanted, CBasicString& path)
 }
 
 std::string Text(const brixWRope& name) {
-  const char* narrow = CBasicString(name.GetText()).GetNarrowText();
+  const CBasicString text(name.GetText());
+  const char* narrow = text.GetNarrowText();
   return narrow && *narrow ? narrow : "(unnamed)";
 }
 
