@@ -139,7 +139,7 @@ bool CVRMLParser::DefineParts(bool isFaceSet, bool perPart, const brixFloatPoint
   int part = -1;
   for (const Run& run : qelvrml::RunList(runs)) {
     ++part;
-    if (run.Indices.empty() || !IsInside(run.Indices, points.GetSize())) continue;
+    if ((perPart && run.Indices.empty()) || !IsInside(run.Indices, points.GetSize())) continue;
     std::unique_ptr<CKelPolyline> line(isFaceSet ? new (std::nothrow) CKelPolygon : new (std::nothrow) CKelPolyline);
     if (!line) continue;
     line->SetPolyline(PointsOf(run.Indices, points), isFaceSet);

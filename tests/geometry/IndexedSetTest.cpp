@@ -54,6 +54,14 @@ TEST(IndexedSet, LinesAreObjectsOfTheirOwn) {
   EXPECT_THAT(model.Diffuse(1), IsColour(1, 0, 0));
 }
 
+// An empty list is one run without indices: a line without points, but no part, which has no vertices to take a colour
+// from.
+TEST(IndexedSet, AnEmptyListOfLines) {
+  const std::string set = "IndexedLineSet { coordIndex [ ] coord Coordinate { point [ 0 0 0, 1 1 1 ] } } ";
+  EXPECT_EQ(Load(set).Classes(), "CKelPolyline");
+  EXPECT_EQ(Load("MaterialBinding { value PER_VERTEX } " + set).Classes(), "");
+}
+
 // Per face the position counts, through the material indices if there are any; per vertex the mean of the vertices.
 TEST(IndexedSet, MaterialsOfParts) {
   struct Case {
