@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "Scene.h"
+#include "support/Gzip.h"
 
 namespace {
 
@@ -25,24 +26,10 @@ std::string Surface(int count) {
   return text + "] } }\n";
 }
 
-std::string Packed(const std::string& text) {
-  z_stream stream{};
-  deflateInit2(&stream, Z_DEFAULT_COMPRESSION, Z_DEFLATED, 15 + 16, 8, Z_DEFAULT_STRATEGY);
-  std::string packed(deflateBound(&stream, text.size()), '\0');
-  stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(text.data()));
-  stream.avail_in = static_cast<uInt>(text.size());
-  stream.next_out = reinterpret_cast<Bytef*>(packed.data());
-  stream.avail_out = static_cast<uInt>(packed.size());
-  deflate(&stream, Z_FINISH);
-  packed.resize(stream.total_out);
-  deflateEnd(&stream);
-  return packed;
-}
-
 // What unpacking costs by itself: no load of the packed file can take less than this and the plain one together.
 void UnpackingAlone(benchmark::State& state) {
   const std::string text = Surface(static_cast<int>(state.range(0)));
-  std::string packed = Packed(text);
+  std::string packed = Gzip(text);
   std::string chunk(1'024'000, '\0');
   for (auto _ : state) {
     z_stream stream{};
@@ -69,7 +56,7 @@ BENCHMARK(PlainFile)->Arg(300'000)->Unit(benchmark::kMillisecond);
 
 void PackedFile(benchmark::State& state) {
   const auto count = static_cast<int>(state.range(0));
-  TimeLoad(state, SceneFile("packed.wrl.gz", Packed(Surface(count))), count);
+  TimeLoad(state, SceneFile("packed.wrl.gz", Gzip(Surface(count))), count);
 }
 BENCHMARK(PackedFile)->Arg(300'000)->Unit(benchmark::kMillisecond);
 

@@ -2,30 +2,16 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <zip.h>
-#include <zlib.h>
 
 #include <cstdlib>
 #include <fstream>
 
+#include "support/Gzip.h"
 #include "support/Model.h"
 
 namespace {
 
 const std::string Scene = "#VRML V1.0 ascii\nDEF box Cube {} Sphere {}\n";
-
-std::string Gzip(const std::string& text) {
-  z_stream stream{};
-  deflateInit2(&stream, 9, Z_DEFLATED, 15 + 16, 8, Z_DEFAULT_STRATEGY);
-  std::string packed(deflateBound(&stream, text.size()) + 64, '\0');
-  stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(text.data()));
-  stream.avail_in = static_cast<uInt>(text.size());
-  stream.next_out = reinterpret_cast<Bytef*>(packed.data());
-  stream.avail_out = static_cast<uInt>(packed.size());
-  deflate(&stream, Z_FINISH);
-  packed.resize(stream.total_out);
-  deflateEnd(&stream);
-  return packed;
-}
 
 struct Member {
   std::string Name;
