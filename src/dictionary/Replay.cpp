@@ -29,12 +29,14 @@ bool CVRMLParser::SpendReplayCost(std::uint64_t cost) {
 }
 
 // Points and indices that a replay copies.
-std::uint64_t CVRMLParser::CountCopies(CVRMLDictionaryEntry& entry) {
+std::uint64_t CVRMLParser::CountCopies(CVRMLDictionaryEntry& entry) const {
   switch (entry.GetType()) {
     case DictionaryEntryIndexedSet:
       return std::uint64_t{2} * static_cast<CVRMLDictionaryIndexedSet&>(entry).GetCoordIndex().GetSize();
     case DictionaryEntryPointSet:
       return static_cast<std::uint64_t>(static_cast<CVRMLDictionaryPointSet&>(entry).GetNumPoints());
+    case DictionaryEntryTriangleStripSet:  // takes all coordinates in force
+      return CurrentSeparator ? CurrentSeparator->GetVertices().GetSize() : 0;
     case DictionaryEntryElevationGrid: {
       auto& grid = static_cast<CVRMLDictionaryElevationGrid&>(entry);
       return static_cast<std::uint64_t>(qelvrml::CutToInt(grid.GetXDimension())) *

@@ -498,7 +498,7 @@ private:
 
   // Dictionary.
 
-  static std::uint64_t CountCopies(CVRMLDictionaryEntry& entry);
+  std::uint64_t CountCopies(CVRMLDictionaryEntry& entry) const;
   bool SpendReplayCost(std::uint64_t cost);
   bool ReplayEntry(CVRMLDictionaryEntry& entry);
   bool ReplaySeparator(CVRMLDictionarySeparator& entry);
