@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "Scene.h"
-#include "foundation/CBasicList.h"
-#include "parser/CVRMLIOManager.h"
+#include "qelvrml/foundation/CBasicList.h"
+#include "qelvrml/parser/CVRMLIOManager.h"
 
 namespace {
 

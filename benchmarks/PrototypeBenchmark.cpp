@@ -2,8 +2,8 @@
 // snapshots against a copy of the text they refer to.
 
 #include "Scene.h"
-#include "parser/CVRMLIOManager.h"
-#include "platform/genparse/CGenericIOState.h"
+#include "qelvrml/parser/CVRMLIOManager.h"
+#include "qelvrml/platform/genparse/CGenericIOState.h"
 
 namespace {
 

@@ -3,8 +3,8 @@
 #include <filesystem>
 #include <fstream>
 
-#include "parser/CVRMLParser.h"
-#include "platform/brixex/CKelWorld.h"
+#include "qelvrml/parser/CVRMLParser.h"
+#include "qelvrml/platform/brixex/CKelWorld.h"
 
 SceneFile::SceneFile(const std::string& name, const std::string& text)
     : FilePath((std::filesystem::temp_directory_path() / ("qelvrml-benchmark-" + name)).string()), Bytes(text.size()) {

@@ -4,7 +4,8 @@ include(CMakePackageConfigHelpers)
 
 install(TARGETS qelvrml EXPORT qelvrml-targets
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
-install(DIRECTORY src/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/qelvrml FILES_MATCHING PATTERN "*.h")
+install(DIRECTORY src/qelvrml DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
+  FILES_MATCHING REGEX "/(C[A-Z]|brix|VRML|Generic)[^/]*[.]h$")
 install(EXPORT qelvrml-targets NAMESPACE qelvrml:: DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/qelvrml)
 
 configure_package_config_file(cmake/qelvrml-config.cmake.in ${CMAKE_CURRENT_BINARY_DIR}/qelvrml-config.cmake

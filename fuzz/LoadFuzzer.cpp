@@ -6,8 +6,8 @@
 #include <fstream>
 #include <iostream>
 
-#include "parser/CVRMLParser.h"
-#include "platform/brixex/CKelWorld.h"
+#include "qelvrml/parser/CVRMLParser.h"
+#include "qelvrml/platform/brixex/CKelWorld.h"
 #include "support/CheckModel.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

@@ -7,7 +7,7 @@
 #include <string>
 
 #include "ObjectVisitor.h"
-#include "platform/brixex/CKelTextureManager.h"
+#include "qelvrml/platform/brixex/textures/CKelTextureManager.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include <sstream>
 
 #include "ObjectVisitor.h"
-#include "platform/brixex/CKelTextureManager.h"
+#include "qelvrml/platform/brixex/textures/CKelTextureManager.h"
 
 namespace {
 

@@ -8,7 +8,7 @@
 #include <system_error>
 
 #include "Progress.h"
-#include "platform/brixex/CKelTextureManager.h"
+#include "qelvrml/platform/brixex/textures/CKelTextureManager.h"
 
 namespace {
 

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "parser/CVRMLParser.h"
-#include "platform/brixex/CKelWorld.h"
+#include "qelvrml/parser/CVRMLParser.h"
+#include "qelvrml/platform/brixex/CKelWorld.h"
 
 /// A file that was loaded, or wasn't.
 struct LoadedFile {

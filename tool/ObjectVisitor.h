@@ -2,17 +2,17 @@
 
 #include <string>
 
-#include "platform/brix/brixBox.h"
-#include "platform/brix/brixCone.h"
-#include "platform/brix/brixCylinder.h"
-#include "platform/brix/brixDisk.h"
-#include "platform/brix/brixDot.h"
-#include "platform/brix/brixSphere.h"
-#include "platform/brixex/CKelMultipleTriangleStrip.h"
-#include "platform/brixex/CKelPolyMesh.h"
-#include "platform/brixex/CKelPolyface.h"
-#include "platform/brixex/CKelPolygon.h"
-#include "platform/brixex/CKelPolyline.h"
+#include "qelvrml/platform/brix/solids/brixBox.h"
+#include "qelvrml/platform/brix/solids/brixCone.h"
+#include "qelvrml/platform/brix/solids/brixCylinder.h"
+#include "qelvrml/platform/brix/solids/brixDisk.h"
+#include "qelvrml/platform/brix/solids/brixDot.h"
+#include "qelvrml/platform/brix/solids/brixSphere.h"
+#include "qelvrml/platform/brixex/shapes/CKelMultipleTriangleStrip.h"
+#include "qelvrml/platform/brixex/shapes/CKelPolyMesh.h"
+#include "qelvrml/platform/brixex/shapes/CKelPolyface.h"
+#include "qelvrml/platform/brixex/shapes/CKelPolygon.h"
+#include "qelvrml/platform/brixex/shapes/CKelPolyline.h"
 
 /// One operation for each class of objects; a polygon is visited as the line around it.
 class ObjectVisitor {

@@ -5,7 +5,7 @@
 #include <cstdio>
 #include <string>
 
-#include "parser/CVRMLParser.h"
+#include "qelvrml/parser/CVRMLParser.h"
 
 namespace {
 

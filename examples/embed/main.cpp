@@ -4,8 +4,8 @@
 #include <iostream>
 #include <string>
 
-#include "parser/CVRMLParser.h"
-#include "platform/brixex/CKelWorld.h"
+#include "qelvrml/parser/CVRMLParser.h"
+#include "qelvrml/platform/brixex/CKelWorld.h"
 
 namespace {
 

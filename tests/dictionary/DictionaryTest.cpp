@@ -5,8 +5,8 @@
 #include <iterator>
 #include <sstream>
 
-#include "dictionary/CVRMLDictionarySeparator.h"
-#include "dictionary/SolidEntries.h"
+#include "qelvrml/dictionary/CVRMLDictionarySeparator.h"
+#include "qelvrml/dictionary/CVRMLDictionarySolids.h"
 #include "support/Model.h"
 
 namespace {

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "dictionary/NameIndexedList.h"
+#include "qelvrml/platform/brixex/NameIndexedList.h"
 
 namespace {
 

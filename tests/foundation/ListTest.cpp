@@ -3,11 +3,11 @@
 #include <thread>
 #include <vector>
 
-#include "foundation/CBasicList.h"
-#include "foundation/CBasicListIterator.h"
-#include "foundation/CBasicMap.h"
-#include "platform/brix/brixFloatPoint.h"
-#include "platform/brixex/CKelList.h"
+#include "qelvrml/foundation/CBasicList.h"
+#include "qelvrml/foundation/CBasicListIterator.h"
+#include "qelvrml/foundation/CBasicMap.h"
+#include "qelvrml/platform/brix/brixFloatPoint.h"
+#include "qelvrml/platform/brixex/CKelList.h"
 
 namespace {
 

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "foundation/CBasicString.h"
+#include "qelvrml/foundation/CBasicString.h"
 
 namespace {
 

@@ -5,9 +5,9 @@
 #include <limits>
 #include <numbers>
 
-#include "platform/brixex/CKelPolyMesh.h"
-#include "platform/brixex/CKelPolyface.h"
-#include "platform/brixex/PointSorting.h"
+#include "qelvrml/platform/brixex/brixPointSorting.h"
+#include "qelvrml/platform/brixex/shapes/CKelPolyMesh.h"
+#include "qelvrml/platform/brixex/shapes/CKelPolyface.h"
 #include "support/Model.h"
 
 namespace {

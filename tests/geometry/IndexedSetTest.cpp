@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "platform/brixex/CKelPolyface.h"
+#include "qelvrml/platform/brixex/shapes/CKelPolyface.h"
 #include "support/Model.h"
 
 namespace {

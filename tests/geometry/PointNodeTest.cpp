@@ -1,8 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "platform/brixex/CKelMultipleTriangleStrip.h"
-#include "platform/brixex/CKelPolyMesh.h"
+#include "qelvrml/platform/brixex/shapes/CKelMultipleTriangleStrip.h"
+#include "qelvrml/platform/brixex/shapes/CKelPolyMesh.h"
 #include "support/Model.h"
 
 namespace {

@@ -4,10 +4,10 @@
 #include <cmath>
 #include <numbers>
 
-#include "platform/brix/brixCylinder.h"
-#include "platform/brix/brixDisk.h"
-#include "platform/brix/brixSphere.h"
-#include "platform/brixex/MatrixFunctions.h"
+#include "qelvrml/platform/brix/solids/brixCylinder.h"
+#include "qelvrml/platform/brix/solids/brixDisk.h"
+#include "qelvrml/platform/brix/solids/brixSphere.h"
+#include "qelvrml/platform/brixex/brixMatrixFunctions.h"
 #include "support/Model.h"
 
 namespace {

@@ -3,7 +3,7 @@
 #include <limits>
 #include <string>
 
-#include "parser/CVRMLIOManager.h"
+#include "qelvrml/parser/CVRMLIOManager.h"
 #include "support/Model.h"
 
 namespace {

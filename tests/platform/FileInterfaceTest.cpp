@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include "platform/fileint/CKelFileInterface.h"
+#include "qelvrml/platform/fileint/CKelFileInterface.h"
 #include "support/Model.h"
 
 namespace {

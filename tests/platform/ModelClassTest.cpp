@@ -4,16 +4,16 @@
 #include <cmath>
 #include <limits>
 
-#include "platform/brix/brixBox.h"
-#include "platform/brix/brixComplexPolygon.h"
-#include "platform/brix/brixDot.h"
-#include "platform/brixex/CKelCpGenerator.h"
-#include "platform/brixex/CKelPolyMesh.h"
-#include "platform/brixex/CKelPolyface.h"
-#include "platform/brixex/CKelPolygon.h"
-#include "platform/brixex/CKelTextureManager.h"
-#include "platform/brixex/CKelTriangleStrip.h"
-#include "platform/brixex/MatrixFunctions.h"
+#include "qelvrml/platform/brix/polygons/brixComplexPolygon.h"
+#include "qelvrml/platform/brix/solids/brixBox.h"
+#include "qelvrml/platform/brix/solids/brixDot.h"
+#include "qelvrml/platform/brixex/CKelCpGenerator.h"
+#include "qelvrml/platform/brixex/brixMatrixFunctions.h"
+#include "qelvrml/platform/brixex/shapes/CKelPolyMesh.h"
+#include "qelvrml/platform/brixex/shapes/CKelPolyface.h"
+#include "qelvrml/platform/brixex/shapes/CKelPolygon.h"
+#include "qelvrml/platform/brixex/shapes/CKelTriangleStrip.h"
+#include "qelvrml/platform/brixex/textures/CKelTextureManager.h"
 #include "support/Model.h"
 
 namespace {

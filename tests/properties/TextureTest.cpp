@@ -3,7 +3,7 @@
 
 #include <fstream>
 
-#include "platform/brixex/CKelTextureManager.h"
+#include "qelvrml/platform/brixex/textures/CKelTextureManager.h"
 #include "support/Model.h"
 
 namespace {

@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "prototypes/CVRMLPrototype.h"
+#include "qelvrml/prototypes/CVRMLPrototype.h"
 #include "support/Model.h"
 
 namespace {

@@ -1,8 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "platform/brix/brixDot.h"
-#include "platform/brixex/CKelTextureManager.h"
+#include "qelvrml/platform/brix/solids/brixDot.h"
+#include "qelvrml/platform/brixex/textures/CKelTextureManager.h"
 #include "support/Model.h"
 
 namespace {

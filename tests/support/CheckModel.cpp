@@ -2,23 +2,23 @@
 
 #include <algorithm>
 
-#include "geometry/RunList.h"
-#include "platform/brix/brixBox.h"
-#include "platform/brix/brixCone.h"
-#include "platform/brix/brixCylinder.h"
-#include "platform/brix/brixDisk.h"
-#include "platform/brix/brixDot.h"
-#include "platform/brix/brixSphere.h"
-#include "platform/brixex/CKelMultipleTriangleStrip.h"
-#include "platform/brixex/CKelPolyMesh.h"
-#include "platform/brixex/CKelPolyface.h"
-#include "platform/brixex/CKelPolygon.h"
+#include "qelvrml/platform/brix/brixRunList.h"
+#include "qelvrml/platform/brix/solids/brixBox.h"
+#include "qelvrml/platform/brix/solids/brixCone.h"
+#include "qelvrml/platform/brix/solids/brixCylinder.h"
+#include "qelvrml/platform/brix/solids/brixDisk.h"
+#include "qelvrml/platform/brix/solids/brixDot.h"
+#include "qelvrml/platform/brix/solids/brixSphere.h"
+#include "qelvrml/platform/brixex/shapes/CKelMultipleTriangleStrip.h"
+#include "qelvrml/platform/brixex/shapes/CKelPolyMesh.h"
+#include "qelvrml/platform/brixex/shapes/CKelPolyface.h"
+#include "qelvrml/platform/brixex/shapes/CKelPolygon.h"
 
 namespace {
 
 std::string FindFaceFault(const CKelPolyface& face) {
   std::size_t places = 0;
-  for (const qelvrml::Run& run : qelvrml::RunList(face.GetFaceList())) {
+  for (const brixRun& run : brixRunList(face.GetFaceList())) {
     places += run.Indices.size() + 1;
     for (const int index : run.Indices) {
       if (static_cast<unsigned>(index) >= face.GetPoints().GetSize()) return "a face names a point that isn't there";

@@ -2,9 +2,9 @@
 
 #include <string>
 
-#include "platform/brix/brixBaseObject.h"
-#include "platform/brix/brixFloatPointArray.h"
-#include "platform/brixex/CKelWorld.h"
+#include "qelvrml/platform/brix/brixArrays.h"
+#include "qelvrml/platform/brix/groups/brixBaseObject.h"
+#include "qelvrml/platform/brixex/CKelWorld.h"
 
 /// Name of an object's class; empty for an object of no known one.
 std::string ClassOf(const brixBaseObject& object);

@@ -7,7 +7,7 @@
 #include <cmath>
 #include <fstream>
 
-#include "platform/brix/brixDot.h"
+#include "qelvrml/platform/brix/solids/brixDot.h"
 
 namespace {
 

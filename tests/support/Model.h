@@ -8,9 +8,9 @@
 #include <string>
 #include <vector>
 
-#include "parser/CVRMLParser.h"
-#include "platform/brix/brixBaseObject.h"
-#include "platform/brixex/CKelWorld.h"
+#include "qelvrml/parser/CVRMLParser.h"
+#include "qelvrml/platform/brix/groups/brixBaseObject.h"
+#include "qelvrml/platform/brixex/CKelWorld.h"
 #include "support/CheckModel.h"
 
 /// A folder of its own that goes with this object.

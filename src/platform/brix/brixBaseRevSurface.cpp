@@ -1,5 +1,0 @@
-#include "platform/brix/brixBaseRevSurface.h"
-
-void brixBaseRevSurface::ApplyMatrixToGeometry(const brixMatrix4x4& matrix, brixBool /*updateBox*/) {
-  Xformation = Xformation * matrix;
-}

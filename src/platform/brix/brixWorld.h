@@ -1,6 +1,0 @@
-#pragma once
-
-#include "platform/brix/brixBaseGroup.h"
-
-/// A group that may stand at the root of a model.
-class QELVRML_EXPORT brixWorld : public brixBaseGroup {};

@@ -1,0 +1,155 @@
+// IndexedFaceSet and IndexedLineSet, over the coordinates in force. Index lists are run lists:
+//
+//   file  0 1 2 -1 3 4 5 6 -1    run list  3 0 1 2 4 3 4 5 6
+
+#include <algorithm>
+#include <memory>
+#include <new>
+
+#include "qelvrml/dictionary/CVRMLDictionaryGeometry.h"
+#include "qelvrml/parser/CVRMLParser.h"
+#include "qelvrml/platform/brix/brixRunList.h"
+#include "qelvrml/platform/brixex/shapes/CKelPolyface.h"
+#include "qelvrml/platform/brixex/shapes/CKelPolygon.h"
+#include "qelvrml/platform/brixex/shapes/CKelPolyline.h"
+#include "qelvrml/platform/brixex/textures/CKelTextureManager.h"
+
+namespace {
+
+// Whether a binding gives the whole set one material.
+bool IsWholeSet(VRMLBindingTypes binding) {
+  return binding == VRMLBindingDefault || binding == VRMLBindingOverall || binding == VRMLBindingPerPart;
+}
+
+bool IsInside(std::span<const int> indices, unsigned pointCount) {
+  const auto inside = [pointCount](int index) { return index >= 0 && static_cast<unsigned>(index) < pointCount; };
+  return std::all_of(indices.begin(), indices.end(), inside);
+}
+
+brixFloatPointArray PointsOf(std::span<const int> indices, const brixFloatPointArray& points) {
+  brixFloatPointArray result(static_cast<int>(indices.size()));
+  const auto pointAt = [&points](int index) { return points[static_cast<std::size_t>(index)]; };
+  std::transform(indices.begin(), indices.end(), result.Edit().begin(), pointAt);
+  return result;
+}
+
+// The runs that name points only.
+brixIntArray SoundRuns(const brixIntArray& runs, unsigned pointCount) {
+  bool sound = true;
+  for (const brixRun& run : brixRunList(runs)) sound = sound && IsInside(run.Indices, pointCount);
+  if (sound) return runs;
+
+  brixIntArray result;
+  for (const brixRun& run : brixRunList(runs)) {
+    if (!IsInside(run.Indices, pointCount)) continue;
+    result.Append(static_cast<int>(run.Indices.size()));
+    for (const int index : run.Indices) result.Append(index);
+  }
+  return result;
+}
+
+}  // namespace
+
+bool CVRMLParser::ParseIndexedSet() {
+  if (!CurrentSeparator) return false;
+
+  bool result = false;
+  const bool isFaceSet = GetCurrentTokenType() == VRMLTokenINDEXEDFACESET;
+  brixIntArray coordIndex;
+  brixIntArray materialIndex;
+  const brixChromaArray earlierColours = CurrentSeparator->GetDiffuseColor();
+  bool hasColours = false;
+  const auto parseNode = [this] {
+    Tokenize();
+    return ParseBlock();
+  };
+  CurrentSeparator->ClearMaterialIndex();
+  CurrentSeparator->ClearVertexIndex();
+  StepOver({VRMLTokenOpenBrace, VRMLTokenINDEXEDFACESET, VRMLTokenINDEXEDLINESET});
+  WhileInNode([&](VRMLTokenTypes keyword) {
+    switch (keyword) {
+      case VRMLTokenCOORDINDEX:
+      case VRMLTokenMATERIALINDEX:
+        Tokenize();
+        result = ParseRunList(keyword == VRMLTokenCOORDINDEX ? coordIndex : materialIndex);
+        break;
+      case VRMLTokenNORMALINDEX:
+        Tokenize();
+        SkipArray(true);
+        result = true;
+        break;
+      case VRMLTokenTEXTURECOORDINDEX:
+      case VRMLTokenNORMAL:
+      case VRMLTokenCOORD: result = parseNode(); break;
+      case VRMLTokenCOLOR:
+        result = parseNode();
+        hasColours = true;
+        break;
+      default: Tokenize(); break;
+    }
+    EntityName.Empty();
+  });
+  if (result) result = DefineIndexedSet(isFaceSet, coordIndex, materialIndex, brixIntArray());
+  if (!CurrentSeparator) return result;  // a nested node may have closed the scope
+  CurrentSeparator->ClearMaterialIndex();
+  CurrentSeparator->ClearVertexIndex();
+  if (hasColours) CurrentSeparator->SetDiffuseColor(earlierColours);
+  return result;
+}
+
+bool CVRMLParser::DefineIndexedSet(bool isFaceSet, const brixIntArray& coordIndex, const brixIntArray& materialIndex,
+                                   const brixIntArray& normalIndex) {
+  if (!CurrentSeparator) return false;
+  brixFloatPointArray points = CurrentSeparator->GetVertices();
+  brixIntArray runs = coordIndex;
+  CVRMLSeparator::CompactVertices(points, runs);
+  CurrentSeparator->SetVertexIndex(runs);
+  CurrentSeparator->SetMaterialIndex(materialIndex);
+  CurrentSeparator->SetNormalIndex(normalIndex);
+
+  const bool whole = IsWholeSet(CurrentSeparator->GetMaterialBinding());
+  const bool result = whole && isFaceSet ? DefineFaces(points, runs) : DefineParts(isFaceSet, !whole, points, runs);
+  if (!result) return false;
+  Record<CVRMLDictionaryIndexedSet>([&](auto& entry) {
+    entry.SetCoordIndex(coordIndex);
+    entry.SetMaterialIndex(materialIndex);
+    entry.SetNormalIndex(normalIndex);
+    entry.SetIsFaceSet(isFaceSet);
+  });
+  return true;
+}
+
+// All faces as one object.
+bool CVRMLParser::DefineFaces(const brixFloatPointArray& points, const brixIntArray& runs) {
+  constexpr unsigned FewestPoints = 3;
+  if (points.GetSize() < FewestPoints) return false;
+  std::unique_ptr<CKelPolyface> face(new (std::nothrow) CKelPolyface);
+  if (!face) return false;
+  face->SetPoints(points, SoundRuns(runs, points.GetSize()), !HasTextures());
+  face->ApplyMatrixToGeometry(CurrentSeparator->GetTransformation(), brixTrue, true);
+  return AddObjectToSeparator(face.release());
+}
+
+// An object for each run: a polygon or a line, with the set's material or the one of its part.
+bool CVRMLParser::DefineParts(bool isFaceSet, bool perPart, const brixFloatPointArray& points,
+                              const brixIntArray& runs) {
+  bool result = false;
+  int part = -1;
+  for (const brixRun& run : brixRunList(runs)) {
+    ++part;
+    if ((perPart && run.Indices.empty()) || !IsInside(run.Indices, points.GetSize())) continue;
+    std::unique_ptr<CKelPolyline> line(isFaceSet ? new (std::nothrow) CKelPolygon : new (std::nothrow) CKelPolyline);
+    if (!line) continue;
+    line->SetPolyline(PointsOf(run.Indices, points), isFaceSet);
+    line->ApplyMatrixToGeometry(CurrentSeparator->GetTransformation(), brixTrue);
+    const auto count = static_cast<int>(run.Indices.size());
+    result =
+        perPart ? AddObjectToSeparator(line.release(), part, run.First, count) : AddObjectToSeparator(line.release());
+  }
+  return result;
+}
+
+bool CVRMLParser::HasTextures() const {
+  const CKelTextureManager* manager = GetTextureManager();
+  return manager && manager->GetNumberTextures() > 0;
+}

@@ -1,0 +1,60 @@
+// PointSet: a dot for each of the coordinates in force, or for a range of them.
+
+#include <algorithm>
+#include <cstdint>
+#include <memory>
+#include <new>
+
+#include "qelvrml/dictionary/CVRMLDictionaryGeometry.h"
+#include "qelvrml/foundation/CutToInt.h"
+#include "qelvrml/parser/CVRMLParser.h"
+#include "qelvrml/platform/brix/solids/brixDot.h"
+
+bool CVRMLParser::ParsePointSet() {
+  if (!CurrentSeparator) return false;
+
+  double startIndex = 0.0;
+  double numPoints = -1.0;
+  StepOver({VRMLTokenOpenBrace, VRMLTokenPOINTSET});
+  // A nested node ends its pass: ParseBlock has stepped behind it.
+  for (bool more = true; more && GetCurrentTokenType() != VRMLTokenCloseBrace;) {
+    switch (GetCurrentTokenType()) {
+      case VRMLTokenSTARTINDEX:
+        TakeNumber(startIndex);
+        more = Tokenize();
+        break;
+      case VRMLTokenNUMPOINTS:
+        TakeNumber(numPoints);
+        more = Tokenize();
+        break;
+      case VRMLTokenCOORD:
+      case VRMLTokenCOLOR:
+        Tokenize();
+        ParseBlock();
+        break;
+      default: more = Tokenize(); break;
+    }
+  }
+  if (numPoints < 0.0) numPoints = CurrentSeparator ? CurrentSeparator->GetVertices().GetSize() : 0.0;
+  return DefinePointSet(qelvrml::CutToInt(startIndex), qelvrml::CutToInt(numPoints));
+}
+
+bool CVRMLParser::DefinePointSet(int startIndex, int numPoints) {
+  if (!CurrentSeparator || numPoints <= 0 || CurrentSeparator->GetVertices().IsEmpty()) return false;
+  const brixFloatPointArray points = CurrentSeparator->GetVertices();
+  const int lastIndex = static_cast<int>(points.GetSize()) - 1;
+  const int first = std::clamp(startIndex, 0, lastIndex);
+  const auto last = static_cast<int>(std::min<std::int64_t>(std::int64_t{first} + numPoints - 1, lastIndex));
+  for (int i = first; i <= last; ++i) {
+    std::unique_ptr<brixDot> dot(new (std::nothrow) brixDot);
+    if (!dot) continue;
+    dot->SetDot(points[static_cast<std::size_t>(i)]);
+    dot->ApplyMatrixToGeometry(CurrentSeparator->GetTransformation(), brixTrue);
+    AddObjectToSeparator(dot.release());
+  }
+  Record<CVRMLDictionaryPointSet>([&](auto& entry) {
+    entry.SetStartIndex(first);
+    entry.SetNumPoints(last - first + 1);
+  });
+  return true;
+}

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <span>
+
+#include "qelvrml/platform/brix/brixArrays.h"
+
+/// One run of a run list.
+struct brixRun {
+  std::span<const int> Indices;
+  int First;  ///< position of the first index in the run list
+};
+
+/// Walks the runs of a run list: each is a count followed by that many indices. A count that is negative or goes beyond
+/// the list is cut. The list stays as it is meanwhile.
+class brixRunList {
+public:
+  explicit brixRunList(const brixIntArray& runs) : Places(runs.View()) {}
+
+  class Iterator {
+  public:
+    Iterator(std::span<const int> places, std::size_t place) : Places(places), Place(place) {}
+    brixRun operator*() const { return {Places.subspan(Place + 1, Count()), static_cast<int>(Place + 1)}; }
+    Iterator& operator++() {
+      Place += Count() + 1;
+      return *this;
+    }
+    bool operator!=(const Iterator& other) const { return Place != other.Place; }
+
+  private:
+    std::size_t Count() const {
+      return std::min(static_cast<std::size_t>(std::max(Places[Place], 0)), Places.size() - Place - 1);
+    }
+
+    std::span<const int> Places;
+    std::size_t Place;
+  };
+
+  Iterator begin() const { return {Places, 0}; }
+  Iterator end() const { return {Places, Places.size()}; }
+
+private:
+  std::span<const int> Places;
+};

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "qelvrml/foundation/VRMLExport.h"
+#include "qelvrml/platform/brix/brixBBox.h"
+#include "qelvrml/platform/brix/brixBool.h"
+#include "qelvrml/platform/brix/brixMaterial.h"
+#include "qelvrml/platform/brix/brixMatrix4x4.h"
+#include "qelvrml/platform/brix/brixWRope.h"
+#include "qelvrml/platform/brix/groups/brixEvaluation.h"
+
+/// Base of all objects of a model.
+class QELVRML_EXPORT brixBaseObject {
+public:
+  brixBaseObject();
+  brixBaseObject(const brixBaseObject&) = delete;
+  brixBaseObject& operator=(const brixBaseObject&) = delete;
+  virtual ~brixBaseObject() = default;
+
+  /// Unique among all objects of the process.
+  unsigned int GetId() const { return Id; }
+  void SetObjectName(const brixWRope& name) { Name = name; }
+  const brixWRope& GetObjectName() const { return Name; }
+  void SetMatProps(const brixMatProps& material) { Material = material; }
+  const brixMatProps& GetMatProps() const { return Material; }
+
+  /// Brings the object to another place: its points, as row vectors, times the matrix.
+  virtual void ApplyMatrixToGeometry(const brixMatrix4x4& matrix, brixBool updateBox) = 0;
+  /// Exact extent in world coordinates.
+  virtual brixBBox ComputeBBox() const = 0;
+  /// Adds nothing to what `result` held before: it is filled anew. `chordTolerance` is the largest distance allowed
+  /// between a curved surface and its triangles, in units of the model; 0 or less stands for a hundredth of the radius.
+  virtual brixEReturn Evaluate(double chordTolerance, brixEvaluation& result) const = 0;
+
+private:
+  unsigned int Id;
+  brixWRope Name;
+  brixMatProps Material;
+};

@@ -1,0 +1,152 @@
+#include "qelvrml/platform/brix/solids/RevolvedSurface.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+#include "qelvrml/platform/brix/brixVector.h"
+
+namespace qelvrml {
+namespace {
+
+constexpr int MostSteps = 4096;
+constexpr double DefaultTolerance = 0.01;  // of the radius
+
+using Triple = std::array<double, 3>;
+
+Triple Placed(const Triple& p, const brixMatrix4x4& m, double w) {
+  Triple result{};
+  for (std::size_t i = 0; i < 3; ++i) result[i] = p[0] * m[0][i] + p[1] * m[1][i] + p[2] * m[2][i] + w * m[3][i];
+  return result;
+}
+
+brixFloatPoint ToPoint(const Triple& p) {
+  return {static_cast<float>(p[0]), static_cast<float>(p[1]), static_cast<float>(p[2])};
+}
+
+Triple At(const Arc& arc, double angle) {
+  Triple result{};
+  for (std::size_t i = 0; i < 3; ++i)
+    result[i] = arc.Centre[i] + arc.U[i] * std::cos(angle) + arc.V[i] * std::sin(angle);
+  return result;
+}
+
+// Whether an angle, or the same place some turns away, lies in the range.
+bool Contains(const Turn& turn, double angle) {
+  constexpr double Whole = 2.0 * std::numbers::pi;
+  return turn.From + std::fmod(std::fmod(angle - turn.From, Whole) + Whole, Whole) <= turn.To;
+}
+
+// Cofactors of the upper left 3 x 3 part: they turn normals as the part turns points, up to a factor.
+std::array<Triple, 3> NormalMatrix(const brixMatrix4x4& m) {
+  std::array<Triple, 3> cofactors{};
+  for (std::size_t r = 0; r < 3; ++r) {
+    const auto& a = m[(r + 1) % 3];
+    const auto& b = m[(r + 2) % 3];
+    for (std::size_t c = 0; c < 3; ++c) {
+      const std::size_t c1 = (c + 1) % 3;
+      const std::size_t c2 = (c + 2) % 3;
+      cofactors[r][c] = static_cast<double>(a[c1]) * b[c2] - static_cast<double>(a[c2]) * b[c1];
+    }
+  }
+  return cofactors;
+}
+
+double Determinant(const brixMatrix4x4& m, const std::array<Triple, 3>& cofactors) {
+  return m[0][0] * cofactors[0][0] + m[0][1] * cofactors[0][1] + m[0][2] * cofactors[0][2];
+}
+
+bool Coincide(const brixFloatPoint& a, const brixFloatPoint& b) { return a.x == b.x && a.y == b.y && a.z == b.z; }
+
+void AddTriangle(brixEvaluation& result, unsigned a, unsigned b, unsigned c) {
+  const auto& p = result.Points;
+  if (Coincide(p[a], p[b]) || Coincide(p[b], p[c]) || Coincide(p[c], p[a])) return;
+  result.Triangles.insert(result.Triangles.end(), {a, b, c});
+}
+
+}  // namespace
+
+void AddArc(brixBBox& box, const Arc& arc, const Turn& turn, const brixMatrix4x4& matrix) {
+  const Arc placed = {Placed(arc.Centre, matrix, 1.0), Placed(arc.U, matrix, 0.0), Placed(arc.V, matrix, 0.0)};
+  box.Add(ToPoint(At(placed, turn.From)));
+  box.Add(ToPoint(At(placed, turn.To)));
+  for (std::size_t i = 0; i < 3; ++i) {
+    // Along an axis the arc is R * cos(t - extreme), so its ends are there and half a turn away.
+    const double extreme = std::atan2(placed.V[i], placed.U[i]);
+    for (const double angle : {extreme, extreme + std::numbers::pi}) {
+      if (Contains(turn, angle)) box.Add(ToPoint(At(placed, angle)));
+    }
+  }
+}
+
+Arc CircleAboutZ(double radius, double z, const brixFloatPoint& centre, const brixVector& start) {
+  Arc arc;
+  arc.Centre = {centre.x, centre.y, centre.z + z};
+  arc.U = {radius * start.x, radius * start.y, 0.0};
+  arc.V = {-radius * start.y, radius * start.x, 0.0};
+  return arc;
+}
+
+Surface FrustumSide(double bottomRadius, double topRadius, double height, const Turn& turn) {
+  return [=](double around, double up) {
+    const double angle = turn.From + around * (turn.To - turn.From);
+    const double radius = bottomRadius + (topRadius - bottomRadius) * up;
+    SurfacePoint point;
+    point.Position = {radius * std::cos(angle), radius * std::sin(angle), height * up};
+    point.Normal = {height * std::cos(angle), height * std::sin(angle), bottomRadius - topRadius};
+    return point;
+  };
+}
+
+int ChordSteps(double radius, double angle, double chordTolerance) {
+  const double r = std::fabs(radius);
+  const double tolerance = chordTolerance > 0.0 ? chordTolerance : DefaultTolerance * r;
+  const double step = tolerance < r ? 2.0 * std::acos(1.0 - tolerance / r) : std::numbers::pi;
+  const double largest = std::min(step, std::numbers::pi / 2.0);
+  const double steps = std::ceil(std::fabs(angle) / largest);
+  return steps >= 1.0 ? static_cast<int>(std::min<double>(steps, MostSteps)) : 1;
+}
+
+double LargestStretch(const brixMatrix4x4& matrix) {
+  double largest = 0.0;
+  for (std::size_t row = 0; row < 3; ++row) {
+    const double length = std::hypot(matrix[row][0], matrix[row][1], matrix[row][2]);
+    if (length > largest) largest = length;
+  }
+  return largest;
+}
+
+brixEReturn EvaluateSurface(const Surface& surface, int turnSteps, int alongSteps, const brixMatrix4x4& matrix,
+                            brixEvaluation& result) {
+  result = {};
+  const std::array<Triple, 3> cofactors = NormalMatrix(matrix);
+  const bool mirrored = Determinant(matrix, cofactors) < 0.0;
+  const double outward = mirrored ? -1.0 : 1.0;
+  for (int i = 0; i <= turnSteps; ++i) {
+    for (int j = 0; j <= alongSteps; ++j) {
+      const SurfacePoint local = surface(static_cast<double>(i) / turnSteps, static_cast<double>(j) / alongSteps);
+      result.Points.push_back(ToPoint(Placed(local.Position, matrix, 1.0)));
+      Triple n{};
+      for (std::size_t c = 0; c < 3; ++c) {
+        for (std::size_t r = 0; r < 3; ++r) n[c] += outward * local.Normal[r] * cofactors[r][c];
+      }
+      const double length = std::hypot(n[0], n[1], n[2]);
+      const double factor = length > 0.0 ? 1.0 / length : 0.0;
+      result.Normals.emplace_back(static_cast<float>(n[0] * factor), static_cast<float>(n[1] * factor),
+                                  static_cast<float>(n[2] * factor));
+    }
+  }
+  const auto stride = static_cast<unsigned>(alongSteps + 1);
+  for (unsigned i = 0; i < static_cast<unsigned>(turnSteps); ++i) {
+    for (unsigned j = 0; j < static_cast<unsigned>(alongSteps); ++j) {
+      const unsigned corner = i * stride + j;
+      const unsigned first = mirrored ? corner + 1 : corner + stride;
+      const unsigned second = mirrored ? corner + stride : corner + 1;
+      AddTriangle(result, corner, first, corner + stride + 1);
+      AddTriangle(result, corner, corner + stride + 1, second);
+    }
+  }
+  return result.Triangles.empty() ? brixEFailed : brixEOK;
+}
+
+}  // namespace qelvrml

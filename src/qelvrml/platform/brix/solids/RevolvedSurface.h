@@ -1,0 +1,56 @@
+#pragma once
+
+#include <array>
+#include <functional>
+
+#include "qelvrml/platform/brix/brixBBox.h"
+#include "qelvrml/platform/brix/brixBool.h"
+#include "qelvrml/platform/brix/brixMatrix4x4.h"
+#include "qelvrml/platform/brix/groups/brixEvaluation.h"
+
+namespace qelvrml {
+
+/// An angle's range, in radians.
+struct Turn {
+  double From = 0.0;
+  double To = 0.0;
+};
+
+/// An arc of an ellipse: Centre + U * cos(t) + V * sin(t).
+struct Arc {
+  std::array<double, 3> Centre{};
+  std::array<double, 3> U{};
+  std::array<double, 3> V{};
+};
+
+/// A place on a surface, in local coordinates.
+struct SurfacePoint {
+  std::array<double, 3> Position{};
+  std::array<double, 3> Normal{};
+};
+
+/// Adds the exact extent of the part of an arc within `turn`, placed by `matrix`.
+void AddArc(brixBBox& box, const Arc& arc, const Turn& turn, const brixMatrix4x4& matrix);
+
+/// The arc of the radius `radius` about the Z axis at the height `z`, its angle measured from `start`.
+Arc CircleAboutZ(double radius, double z, const brixFloatPoint& centre, const brixVector& start);
+
+/// A surface of two parameters, both from 0 to 1.
+using Surface = std::function<SurfacePoint(double, double)>;
+
+/// The side of a frustum about the Z axis with its base in the plane z = 0; the first parameter goes round, the second
+/// up.
+Surface FrustumSide(double bottomRadius, double topRadius, double height, const Turn& turn);
+
+/// Steps that keep the chords of a circle within the tolerance over an angle; from 1 to a bound of some thousands.
+int ChordSteps(double radius, double angle, double chordTolerance);
+
+/// Largest factor by which the matrix stretches a local length along an axis.
+double LargestStretch(const brixMatrix4x4& matrix);
+
+/// Fills `result` with a grid of triangles over a surface, placed by `matrix`.
+/// Triangles without area, as at a pole, are left out.
+brixEReturn EvaluateSurface(const Surface& surface, int turnSteps, int alongSteps, const brixMatrix4x4& matrix,
+                            brixEvaluation& result);
+
+}  // namespace qelvrml

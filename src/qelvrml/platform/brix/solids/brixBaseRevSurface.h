@@ -1,0 +1,18 @@
+#pragma once
+
+#include "qelvrml/foundation/VRMLExport.h"
+#include "qelvrml/platform/brix/groups/brixBaseObject.h"
+
+/// Base of the surfaces of revolution: a profile that turns about the local Z axis, placed by a matrix.
+class QELVRML_EXPORT brixBaseRevSurface : public brixBaseObject {
+public:
+  /// The matrix that the surface is evaluated with; the surface's parameters stay local.
+  void SetXformation(const brixMatrix4x4& matrix) { Xformation = matrix; }
+  const brixMatrix4x4& GetXformation() const { return Xformation; }
+
+  /// Multiplies the surface's matrix from the right.
+  void ApplyMatrixToGeometry(const brixMatrix4x4& matrix, brixBool updateBox) override;
+
+private:
+  brixMatrix4x4 Xformation;
+};

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <array>
+
+#include "qelvrml/foundation/VRMLExport.h"
+#include "qelvrml/platform/brix/brixArrays.h"
+#include "qelvrml/platform/brix/groups/brixBaseObject.h"
+
+/// A box by its eight corners: four around the bottom, then the four above them.
+class QELVRML_EXPORT brixBox : public brixBaseObject {
+public:
+  static constexpr unsigned CornerCount = 8;
+
+  /// Takes the first eight points; corners that are missing stand at the origin.
+  void SetBox(const brixFloatPointArray& corners);
+  const brixFloatPointArray& GetCorners() const { return Corners; }
+
+  void ApplyMatrixToGeometry(const brixMatrix4x4& matrix, brixBool updateBox) override;
+  brixBBox ComputeBBox() const override;
+  brixEReturn Evaluate(double chordTolerance, brixEvaluation& result) const override;
+
+private:
+  brixFloatPointArray Corners{static_cast<int>(CornerCount)};
+};

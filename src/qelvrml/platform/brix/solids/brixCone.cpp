@@ -1,0 +1,32 @@
+#include "qelvrml/platform/brix/solids/brixCone.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+#include "qelvrml/platform/brix/brixVector.h"
+#include "qelvrml/platform/brix/solids/RevolvedSurface.h"
+
+void brixCone::SetCone(float height, float bottomRadius, float topRadius) {
+  Height = height;
+  BottomRadius = bottomRadius;
+  TopRadius = topRadius;
+}
+
+brixBBox brixCone::ComputeBBox() const {
+  constexpr qelvrml::Turn Whole = {0.0, 2.0 * std::numbers::pi};
+  const brixVector start(1.0F, 0.0F, 0.0F);
+  brixBBox box;
+  qelvrml::AddArc(box, qelvrml::CircleAboutZ(BottomRadius, 0.0, {}, start), Whole, GetXformation());
+  qelvrml::AddArc(box, qelvrml::CircleAboutZ(TopRadius, Height, {}, start), Whole, GetXformation());
+  return box;
+}
+
+brixEReturn brixCone::Evaluate(double chordTolerance, brixEvaluation& result) const {
+  constexpr double Whole = 2.0 * std::numbers::pi;
+  const double radius =
+      std::max(std::fabs(BottomRadius), std::fabs(TopRadius)) * qelvrml::LargestStretch(GetXformation());
+  const int steps = std::max(3, qelvrml::ChordSteps(radius, Whole, chordTolerance));
+  const qelvrml::Surface side = qelvrml::FrustumSide(BottomRadius, TopRadius, Height, {0.0, Whole});
+  return qelvrml::EvaluateSurface(side, steps, 1, GetXformation(), result);
+}

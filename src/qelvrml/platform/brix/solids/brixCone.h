@@ -1,0 +1,21 @@
+#pragma once
+
+#include "qelvrml/foundation/VRMLExport.h"
+#include "qelvrml/platform/brix/solids/brixBaseRevSurface.h"
+
+/// The side of a cone or of a frustum. Its axis is the local +Z, its base stands in the plane z = 0.
+class QELVRML_EXPORT brixCone : public brixBaseRevSurface {
+public:
+  void SetCone(float height, float bottomRadius, float topRadius);
+  float GetHeight() const { return Height; }
+  float GetBottomRadius() const { return BottomRadius; }
+  float GetTopRadius() const { return TopRadius; }
+
+  brixBBox ComputeBBox() const override;
+  brixEReturn Evaluate(double chordTolerance, brixEvaluation& result) const override;
+
+private:
+  float Height = 1.0F;
+  float BottomRadius = 1.0F;
+  float TopRadius = 0.0F;
+};

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "qelvrml/foundation/VRMLExport.h"
+#include "qelvrml/platform/brix/brixVector.h"
+#include "qelvrml/platform/brix/solids/brixBaseRevSurface.h"
+
+/// The side of a cylinder, or a part of it. Its axis is the local +Z, its base stands in the plane z = 0.
+class QELVRML_EXPORT brixCylinder : public brixBaseRevSurface {
+public:
+  /// `ratio` is the top's radius by the base's; the angles, in radians, count from `startDirection`, a unit vector of
+  /// the XY plane.
+  void SetCylinder(float height, float radius, float ratio, const brixVector& startDirection, float startAngle,
+                   float endAngle);
+  float GetHeight() const { return Height; }
+  float GetRadius() const { return Radius; }
+  float GetRatio() const { return Ratio; }
+  const brixVector& GetStartDirection() const { return StartDirection; }
+  float GetStartAngle() const { return StartAngle; }
+  float GetEndAngle() const { return EndAngle; }
+
+  brixBBox ComputeBBox() const override;
+  brixEReturn Evaluate(double chordTolerance, brixEvaluation& result) const override;
+
+private:
+  float Height = 1.0F;
+  float Radius = 1.0F;
+  float Ratio = 1.0F;
+  brixVector StartDirection{1.0F, 0.0F, 0.0F};
+  float StartAngle = 0.0F;
+  float EndAngle = 6.283186F;
+};

@@ -1,0 +1,48 @@
+#include "qelvrml/platform/brix/solids/brixDisk.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+#include "qelvrml/platform/brix/brixVector.h"
+#include "qelvrml/platform/brix/solids/RevolvedSurface.h"
+
+namespace {
+
+constexpr double WholeTurn = 2.0 * std::numbers::pi;
+
+}  // namespace
+
+void brixDisk::SetDisk(float innerRadius, float outerRadius, const brixMatrix4x4& placement, brixBool filled) {
+  InnerRadius = innerRadius;
+  OuterRadius = outerRadius;
+  SetXformation(placement);
+  Filled = filled;
+}
+
+brixBBox brixDisk::ComputeBBox() const {
+  const brixVector start(1.0F, 0.0F, 0.0F);
+  brixBBox box;
+  qelvrml::AddArc(box, qelvrml::CircleAboutZ(OuterRadius, 0.0, {}, start), {0.0, WholeTurn}, GetXformation());
+  return box;
+}
+
+brixEReturn brixDisk::Evaluate(double chordTolerance, brixEvaluation& result) const {
+  const double inner = InnerRadius;
+  const double outer = OuterRadius;
+  const auto surface = [=](double turn, double along) {
+    const double angle = turn * WholeTurn;
+    const double radius = outer + (inner - outer) * along;
+    return qelvrml::SurfacePoint{{radius * std::cos(angle), radius * std::sin(angle), 0.0}, {0.0, 0.0, 1.0}};
+  };
+  const double radius = outer * qelvrml::LargestStretch(GetXformation());
+  const int steps = std::max(3, qelvrml::ChordSteps(radius, WholeTurn, chordTolerance));
+  const brixEReturn evaluated = qelvrml::EvaluateSurface(surface, steps, 1, GetXformation(), result);
+  if (Filled == brixTrue) return evaluated;
+
+  result.Triangles.clear();
+  for (unsigned i = 0; i < static_cast<unsigned>(steps); ++i) {
+    result.Segments.insert(result.Segments.end(), {2 * i, 2 * i + 2});
+  }
+  return brixEOK;
+}

@@ -1,0 +1,15 @@
+#include "qelvrml/platform/brix/solids/brixDot.h"
+
+void brixDot::ApplyMatrixToGeometry(const brixMatrix4x4& matrix, brixBool /*updateBox*/) { Point = Point * matrix; }
+
+brixBBox brixDot::ComputeBBox() const {
+  brixBBox box;
+  box.Add(Point);
+  return box;
+}
+
+brixEReturn brixDot::Evaluate(double /*chordTolerance*/, brixEvaluation& result) const {
+  result = {};
+  result.Points.push_back(Point);
+  return brixEOK;
+}

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "qelvrml/foundation/VRMLExport.h"
+#include "qelvrml/platform/brix/brixFloatPoint.h"
+#include "qelvrml/platform/brix/groups/brixBaseObject.h"
+
+/// A single point.
+class QELVRML_EXPORT brixDot : public brixBaseObject {
+public:
+  void SetDot(const brixFloatPoint& point) { Point = point; }
+  const brixFloatPoint& GetDot() const { return Point; }
+
+  void ApplyMatrixToGeometry(const brixMatrix4x4& matrix, brixBool updateBox) override;
+  brixBBox ComputeBBox() const override;
+  /// One point, no triangles and no segments.
+  brixEReturn Evaluate(double chordTolerance, brixEvaluation& result) const override;
+
+private:
+  brixFloatPoint Point;
+};

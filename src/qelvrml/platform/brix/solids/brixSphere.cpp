@@ -1,0 +1,90 @@
+#include "qelvrml/platform/brix/solids/brixSphere.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <numbers>
+
+#include "qelvrml/platform/brix/solids/RevolvedSurface.h"
+
+namespace {
+
+using Triple = std::array<double, 3>;
+
+Triple Sum(const brixVector& a, double fa, const brixVector& b, double fb) {
+  return {a.x * fa + b.x * fb, a.y * fa + b.y * fb, a.z * fa + b.z * fb};
+}
+
+Triple Shifted(const brixFloatPoint& point, const Triple& by) {
+  return {point.x + by[0], point.y + by[1], point.z + by[2]};
+}
+
+}  // namespace
+
+void brixSphere::SetSphere(const brixFloatPoint& centre, const brixVector& startDirection, const brixVector& polarAxis,
+                           float radius, float startTurn, float endTurn, float startPolar, float endPolar) {
+  Centre = centre;
+  StartDirection = startDirection;
+  PolarAxis = polarAxis;
+  Radius = radius;
+  StartTurn = startTurn;
+  EndTurn = endTurn;
+  StartPolar = startPolar;
+  EndPolar = endPolar;
+}
+
+// The extent along an axis is reached where the sphere's normal, seen through the matrix, points along it, if that
+// place is on the part, or else on the part's border.
+brixBBox brixSphere::ComputeBBox() const {
+  const brixVector side = CrossProduct(PolarAxis, StartDirection);
+  const brixMatrix4x4& m = GetXformation();
+  const qelvrml::Turn turn = {StartTurn, EndTurn};
+  const qelvrml::Turn polar = {StartPolar, EndPolar};
+  const double r = Radius;
+  brixBBox box;
+  for (const double angle : {polar.From, polar.To}) {
+    const double ring = r * std::sin(angle);
+    const Triple middle = Shifted(Centre, Sum(PolarAxis, r * std::cos(angle), PolarAxis, 0.0));
+    qelvrml::AddArc(box, {middle, Sum(StartDirection, ring, side, 0.0), Sum(side, ring, side, 0.0)}, turn, m);
+  }
+  for (const double angle : {turn.From, turn.To}) {
+    const Triple outward = Sum(StartDirection, r * std::cos(angle), side, r * std::sin(angle));
+    qelvrml::AddArc(box, {Shifted(Centre, {}), Sum(PolarAxis, r, side, 0.0), outward}, polar, m);
+  }
+  for (std::size_t i = 0; i < 3; ++i) {
+    const brixVector axis(m[0][i], m[1][i], m[2][i]);
+    const double onStart = DotProduct(axis, StartDirection);
+    const double onSide = DotProduct(axis, side);
+    const double onPole = DotProduct(axis, PolarAxis);
+    for (const double sign : {1.0, -1.0}) {
+      const double turnAngle = std::atan2(sign * onSide, sign * onStart);
+      const Triple outward = Sum(StartDirection, r * std::cos(turnAngle), side, r * std::sin(turnAngle));
+      const double polarAngle = std::atan2(std::hypot(onStart, onSide), sign * onPole);
+      const double wrapped = turnAngle < turn.From ? turnAngle + 2.0 * std::numbers::pi : turnAngle;
+      if (wrapped > turn.To || polarAngle < polar.From || polarAngle > polar.To) continue;
+      qelvrml::AddArc(box, {Shifted(Centre, {}), Sum(PolarAxis, r, side, 0.0), outward}, {polarAngle, polarAngle}, m);
+    }
+  }
+  return box;
+}
+
+brixEReturn brixSphere::Evaluate(double chordTolerance, brixEvaluation& result) const {
+  const brixVector side = CrossProduct(PolarAxis, StartDirection);
+  const double turnSweep = static_cast<double>(EndTurn) - StartTurn;
+  const double polarSweep = static_cast<double>(EndPolar) - StartPolar;
+  const auto surface = [&](double turn, double along) {
+    const double angle = StartTurn + turn * turnSweep;
+    const double polar = EndPolar - along * polarSweep;  // from the lower parallel up, so that triangles face outward
+    const double ring = std::sin(polar);
+    const Triple around = Sum(StartDirection, ring * std::cos(angle), side, ring * std::sin(angle));
+    const Triple up = Sum(PolarAxis, std::cos(polar), PolarAxis, 0.0);
+    qelvrml::SurfacePoint point;
+    point.Normal = {around[0] + up[0], around[1] + up[1], around[2] + up[2]};
+    point.Position = Shifted(Centre, {Radius * point.Normal[0], Radius * point.Normal[1], Radius * point.Normal[2]});
+    return point;
+  };
+  const double radius = Radius * qelvrml::LargestStretch(GetXformation());
+  const int turnSteps = std::max(3, qelvrml::ChordSteps(radius, turnSweep, chordTolerance));
+  const int polarSteps = std::max(2, qelvrml::ChordSteps(radius, polarSweep, chordTolerance));
+  return qelvrml::EvaluateSurface(surface, turnSteps, polarSteps, GetXformation(), result);
+}

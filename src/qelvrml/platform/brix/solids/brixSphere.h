@@ -1,0 +1,36 @@
+#pragma once
+
+#include "qelvrml/foundation/VRMLExport.h"
+#include "qelvrml/platform/brix/brixFloatPoint.h"
+#include "qelvrml/platform/brix/brixVector.h"
+#include "qelvrml/platform/brix/solids/brixBaseRevSurface.h"
+
+/// A sphere, or a part of one between two meridians and two parallels.
+class QELVRML_EXPORT brixSphere : public brixBaseRevSurface {
+public:
+  /// All angles are in radians: the turn about `polarAxis` counts from `startDirection`, the polar angle from the axis.
+  /// The two directions are unit vectors at right angles.
+  void SetSphere(const brixFloatPoint& centre, const brixVector& startDirection, const brixVector& polarAxis,
+                 float radius, float startTurn, float endTurn, float startPolar, float endPolar);
+  const brixFloatPoint& GetCentre() const { return Centre; }
+  const brixVector& GetStartDirection() const { return StartDirection; }
+  const brixVector& GetPolarAxis() const { return PolarAxis; }
+  float GetRadius() const { return Radius; }
+  float GetStartTurn() const { return StartTurn; }
+  float GetEndTurn() const { return EndTurn; }
+  float GetStartPolar() const { return StartPolar; }
+  float GetEndPolar() const { return EndPolar; }
+
+  brixBBox ComputeBBox() const override;
+  brixEReturn Evaluate(double chordTolerance, brixEvaluation& result) const override;
+
+private:
+  brixFloatPoint Centre;
+  brixVector StartDirection{1.0F, 0.0F, 0.0F};
+  brixVector PolarAxis{0.0F, 0.0F, 1.0F};
+  float Radius = 1.0F;
+  float StartTurn = 0.0F;
+  float EndTurn = 6.283186F;
+  float StartPolar = 0.0F;
+  float EndPolar = 3.141593F;
+};

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <vector>
+
+#include "qelvrml/foundation/VRMLExport.h"
+#include "qelvrml/platform/brix/brixArrays.h"
+#include "qelvrml/platform/brix/polygons/brixComplexPolygon.h"
+#include "qelvrml/platform/brixex/CKelList.h"
+
+/// Makes polygons with holes out of loops in the plane z = 0.
+class QELVRML_EXPORT CKelCpGenerator {
+public:
+  /// Copies the loop; its last point may be the first one again.
+  void AddLoop(const brixFloatPointArray& loop);
+  /// Finds out which loop is a hole of which: loops at even nesting depth are outlines, those directly inside them
+  /// their holes. A loop without area is dropped, crossing loops are made valid first. False if nothing is left.
+  bool DetermineInteriorExteriorLoops();
+  /// Appends the polygons to the list; the caller owns them.
+  void CreateCompPolyList(CKelList& polygons);
+
+private:
+  std::vector<brixFloatPointArray> Loops;
+  std::vector<brixComplexPolygon> Polygons;
+};

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "qelvrml/foundation/VRMLExport.h"
+#include "qelvrml/platform/brix/brixArrays.h"
+#include "qelvrml/platform/brixex/shapes/CKelTriangleStrip.h"
+
+/// Several strips of triangles that follow one another through common points.
+class QELVRML_EXPORT CKelMultipleTriangleStrip : public CKelTriangleStrip {
+public:
+  /// `counts` holds the number of points of each strip; what goes beyond the points is cut, a negative count is 0.
+  virtual void SetStrips(const brixFloatPointArray& points, const brixVectorArray& normals, const brixIntArray& counts);
+  const brixIntArray& GetPointCounts() const { return Counts; }
+
+  brixEReturn Evaluate(double chordTolerance, brixEvaluation& result) const override;
+
+private:
+  brixIntArray Counts;
+};

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "qelvrml/foundation/VRMLExport.h"
+#include "qelvrml/platform/brix/brixArrays.h"
+#include "qelvrml/platform/brix/groups/brixBaseObject.h"
+
+/// A surface over a grid of points.
+class QELVRML_EXPORT CKelPolyMesh : public brixBaseObject {
+public:
+  /// `points` holds the grid row after row; points beyond rows x columns don't count. The grid is cut to the rows that
+  /// the points suffice for. The flags say whether the last row, or column, is joined to the first one.
+  virtual void SetPoints(const brixFloatPointArray& points, int rows, int columns, bool closedRows, bool closedColumns);
+  const brixFloatPointArray& GetPoints() const { return Points; }
+  int GetRows() const { return Rows; }
+  int GetColumns() const { return Columns; }
+  bool GetClosedRows() const { return ClosedRows; }
+  bool GetClosedColumns() const { return ClosedColumns; }
+
+  void ApplyMatrixToGeometry(const brixMatrix4x4& matrix, brixBool updateBox) override;
+  brixBBox ComputeBBox() const override;
+  /// Two triangles for each cell of the grid.
+  brixEReturn Evaluate(double chordTolerance, brixEvaluation& result) const override;
+
+private:
+  brixFloatPointArray Points;  ///< exactly the grid
+  int Rows = 0;
+  int Columns = 0;
+  bool ClosedRows = false;
+  bool ClosedColumns = false;
+};

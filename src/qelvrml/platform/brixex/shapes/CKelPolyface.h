@@ -1,0 +1,27 @@
+#pragma once
+
+#include "qelvrml/foundation/VRMLExport.h"
+#include "qelvrml/platform/brix/brixArrays.h"
+#include "qelvrml/platform/brix/groups/brixBaseObject.h"
+
+/// Faces over common points.
+class QELVRML_EXPORT CKelPolyface : public brixBaseObject {
+public:
+  /// `faces` is a run list: for each face a count and that many point indices. `compress` is a hint for drawing: points
+  /// may be shared between faces.
+  virtual void SetPoints(const brixFloatPointArray& points, const brixIntArray& faces, bool compress);
+  const brixFloatPointArray& GetPoints() const { return Points; }
+  const brixIntArray& GetFaceList() const { return Faces; }
+  bool GetCompress() const { return Compress; }
+
+  void ApplyMatrixToGeometry(const brixMatrix4x4& matrix, brixBool updateBox) override;
+  virtual void ApplyMatrixToGeometry(const brixMatrix4x4& matrix, brixBool updateBox, bool recompute);
+  brixBBox ComputeBBox() const override;
+  /// Each face has points of its own with the face's normal.
+  brixEReturn Evaluate(double chordTolerance, brixEvaluation& result) const override;
+
+private:
+  brixFloatPointArray Points;
+  brixIntArray Faces;
+  bool Compress = false;
+};

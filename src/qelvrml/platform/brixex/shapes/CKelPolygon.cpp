@@ -1,0 +1,10 @@
+#include "qelvrml/platform/brixex/shapes/CKelPolygon.h"
+
+#include "qelvrml/platform/brixex/shapes/PointRange.h"
+
+brixEReturn CKelPolygon::Evaluate(double chordTolerance, brixEvaluation& result) const {
+  if (GetPolyline().GetSize() < 3) return CKelPolyline::Evaluate(chordTolerance, result);
+  result = {};
+  qelvrml::AddPolygon(GetPolyline().View(), result);
+  return brixEOK;
+}

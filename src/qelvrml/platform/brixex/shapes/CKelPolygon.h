@@ -1,0 +1,11 @@
+#pragma once
+
+#include "qelvrml/foundation/VRMLExport.h"
+#include "qelvrml/platform/brixex/shapes/CKelPolyline.h"
+
+/// A face by its outline, which may be concave.
+class QELVRML_EXPORT CKelPolygon : public CKelPolyline {
+public:
+  /// Triangles of the face; segments of an outline of fewer than three points.
+  brixEReturn Evaluate(double chordTolerance, brixEvaluation& result) const override;
+};

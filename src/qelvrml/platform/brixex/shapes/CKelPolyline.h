@@ -1,0 +1,22 @@
+#pragma once
+
+#include "qelvrml/foundation/VRMLExport.h"
+#include "qelvrml/platform/brix/brixArrays.h"
+#include "qelvrml/platform/brix/groups/brixBaseObject.h"
+
+/// A line through points.
+class QELVRML_EXPORT CKelPolyline : public brixBaseObject {
+public:
+  virtual void SetPolyline(const brixFloatPointArray& points, bool closed);
+  const brixFloatPointArray& GetPolyline() const { return Points; }
+  bool GetClosed() const { return Closed; }
+
+  void ApplyMatrixToGeometry(const brixMatrix4x4& matrix, brixBool updateBox) override;
+  brixBBox ComputeBBox() const override;
+  /// A segment from each point to the next one.
+  brixEReturn Evaluate(double chordTolerance, brixEvaluation& result) const override;
+
+private:
+  brixFloatPointArray Points;
+  bool Closed = false;
+};

@@ -1,0 +1,44 @@
+#include "qelvrml/platform/brixex/shapes/CKelTriangleStrip.h"
+
+#include "qelvrml/platform/brixex/shapes/PointRange.h"
+
+void CKelTriangleStrip::SetPoints(const brixFloatPointArray& points, const brixVectorArray& normals) {
+  Points = points;
+  Normals = normals;
+}
+
+void CKelTriangleStrip::ApplyMatrixToGeometry(const brixMatrix4x4& matrix, brixBool /*updateBox*/) {
+  qelvrml::Transform(Points.Edit(), matrix);
+  for (brixVector& normal : Normals.Edit()) normal = normal * matrix;
+}
+
+brixBBox CKelTriangleStrip::ComputeBBox() const { return qelvrml::BoxOf(Points.View()); }
+
+brixEReturn CKelTriangleStrip::Evaluate(double /*chordTolerance*/, brixEvaluation& result) const {
+  result = {};
+  AddPoints(result);
+  AddStrip(0, Points.GetSize(), result);
+  AddNormals(result);
+  return result.Triangles.empty() ? brixEFailed : brixEOK;
+}
+
+void CKelTriangleStrip::AddStrip(unsigned first, unsigned count, brixEvaluation& result) {
+  for (unsigned i = 2; i < count; ++i) {
+    const unsigned corner = first + i;
+    const bool odd = i % 2 != 0;  // every second triangle runs the other way round
+    result.Triangles.insert(result.Triangles.end(), {corner - (odd ? 1U : 2U), corner - (odd ? 2U : 1U), corner});
+  }
+}
+
+void CKelTriangleStrip::AddPoints(brixEvaluation& result) const {
+  result.Points.assign(Points.View().begin(), Points.View().end());
+}
+
+void CKelTriangleStrip::AddNormals(brixEvaluation& result) const {
+  if (Normals.GetSize() != Points.GetSize()) {
+    qelvrml::ComputePointNormals(result);
+    return;
+  }
+  result.Normals.assign(Normals.View().begin(), Normals.View().end());
+  for (brixVector& normal : result.Normals) normal.Normalize();
+}

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "qelvrml/foundation/VRMLExport.h"
+#include "qelvrml/platform/brix/brixArrays.h"
+#include "qelvrml/platform/brix/groups/brixBaseObject.h"
+
+/// A strip of triangles: each point from the third on makes one with the two before it.
+class QELVRML_EXPORT CKelTriangleStrip : public brixBaseObject {
+public:
+  /// Normals that don't match the points in number don't count.
+  void SetPoints(const brixFloatPointArray& points, const brixVectorArray& normals);
+  const brixFloatPointArray& GetPoints() const { return Points; }
+  const brixVectorArray& GetNormals() const { return Normals; }
+
+  void ApplyMatrixToGeometry(const brixMatrix4x4& matrix, brixBool updateBox) override;
+  brixBBox ComputeBBox() const override;
+  brixEReturn Evaluate(double chordTolerance, brixEvaluation& result) const override;
+
+protected:
+  /// Adds the triangles of a strip of `count` points from `first` on.
+  static void AddStrip(unsigned first, unsigned count, brixEvaluation& result);
+  /// Fills in the points and, behind the triangles, the normals.
+  void AddPoints(brixEvaluation& result) const;
+  void AddNormals(brixEvaluation& result) const;
+
+private:
+  brixFloatPointArray Points;
+  brixVectorArray Normals;
+};

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <memory>
+
+#include "qelvrml/foundation/CBasicString.h"
+#include "qelvrml/foundation/VRMLExport.h"
+#include "qelvrml/platform/brixex/textures/CKelTextureTypes.h"
+
+/// The image of a texture.
+class QELVRML_EXPORT CKelTexture {
+public:
+  /// Most pixels that a texture can have.
+  static constexpr unsigned int MostPixels = 67'108'864;
+
+  CKelTexture() = default;
+  CKelTexture(const CKelTexture&) = delete;
+  CKelTexture& operator=(const CKelTexture&) = delete;
+  virtual ~CKelTexture() = default;
+
+  /// Reads the image of a PNG, JPEG or GIF file and takes the file's name. False for a file that can't be read or
+  /// decoded, and for an image of more than MostPixels.
+  bool GenerateTextureFromFile(const CBasicString& filename);
+  /// Makes room for `count` pixels, all zero; false for more than MostPixels and when there is no memory.
+  bool AllocatePixelArray(unsigned int count);
+  /// Null without room; else as many pixels as were asked for.
+  SKelTexturePixel* GetPixelArray() { return Pixels.get(); }
+  const SKelTexturePixel* GetPixelArray() const { return Pixels.get(); }
+
+  int GetWidth() const { return Width; }
+  void SetWidth(int width) { Width = width; }
+  int GetHeight() const { return Height; }
+  void SetHeight(int height) { Height = height; }
+  /// -1 until a texture manager has taken the texture over.
+  int GetTextureID() const { return TextureID; }
+  void SetTextureID(int id) { TextureID = id; }
+  /// Path of the image's file; empty for one made of pixels.
+  const CBasicString& GetFilename() const { return Filename; }
+  void SetFilename(const CBasicString& name) { Filename = name; }
+
+private:
+  std::unique_ptr<SKelTexturePixel[]> Pixels;
+  int Width = 0;
+  int Height = 0;
+  int TextureID = -1;
+  CBasicString Filename;
+};

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <memory>
+#include <unordered_map>
+#include <vector>
+
+#include "qelvrml/foundation/CBasicString.h"
+#include "qelvrml/foundation/VRMLExport.h"
+#include "qelvrml/platform/brixex/textures/CKelTexture.h"
+#include "qelvrml/platform/brixex/textures/CKelTextureCoordinate.h"
+
+/// Holds and numbers the textures of a model, and how they lie on its objects.
+class QELVRML_EXPORT CKelTextureManager {
+public:
+  CKelTextureManager() = default;
+  CKelTextureManager(const CKelTextureManager&) = delete;
+  CKelTextureManager& operator=(const CKelTextureManager&) = delete;
+  virtual ~CKelTextureManager() = default;
+
+  int GetNumberTextures() const { return static_cast<int>(Textures.size()); }
+  /// The texture of that file name, or null.
+  CKelTexture* GetTexture(const CBasicString& filename) const;
+  /// In order of registration; null for a bad index.
+  const CKelTexture* GetTextureAt(int index) const;
+  /// Takes the texture over and gives its id, from 1 on; -1 for null, and then it stays with the caller.
+  int RegisterTexture(CKelTexture* texture);
+  /// Takes the record over, one for each object; false for null and for an object that has one, and then it stays with
+  /// the caller.
+  bool RegisterTextureCoordinate(CKelTextureCoordinate* coordinate);
+  /// How a texture lies on the object of that id; null if none does.
+  const CKelTextureCoordinate* FindTextureCoordinate(unsigned int objectId) const;
+
+  /// Adds a folder in which images are looked for.
+  void AddAlternatePath(const CBasicString& folder) { AlternatePaths.push_back(folder); }
+  /// The paths at which an image is looked for, in their order: in each folder the name as it stands, if it stays
+  /// inside the folder, then its last component.
+  std::vector<CBasicString> GetAlternatePathsOf(const CBasicString& name) const;
+  /// The first of these paths that names a file; empty if none does.
+  CBasicString FindTextureFilenameUsingAlternatePaths(const CBasicString& name) const;
+
+private:
+  std::vector<std::unique_ptr<CKelTexture>> Textures;
+  std::unordered_map<std::u16string, CKelTexture*> TexturesByName;
+  std::unordered_map<unsigned int, std::unique_ptr<CKelTextureCoordinate>> Coordinates;  ///< by the object's id
+  std::vector<CBasicString> AlternatePaths;
+};

@@ -1,0 +1,135 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "qelvrml/foundation/CBasicString.h"
+#include "qelvrml/foundation/VRMLExport.h"
+#include "qelvrml/platform/fileint/CKelFileInterface.h"
+#include "qelvrml/platform/genparse/CGenericIOState.h"
+#include "qelvrml/platform/genparse/CGenericToken.h"
+#include "qelvrml/platform/genparse/GenericTypes.h"
+#include "qelvrml/platform/genparse/TokenSource.h"
+
+namespace qelvrml {
+class KeywordIndex;
+}  // namespace qelvrml
+
+/// Cuts a file, or a buffer in memory, into tokens and keeps a current and a next one.
+///
+/// - White space is every byte up to 0x20, and the comma; `#` outside a quoted string starts a comment up to the line's
+/// end.
+/// - Each of `{ } [ ] ( )` is a token. A word runs to the next white space, delimiter, quote or `#`, and keeps its
+/// case.
+/// - In a quoted string `\"` gives `"` and `\\` gives `\`; it may span lines and ends at the latest with the input.
+/// - A word is a keyword of the table in any case, TRUE or FALSE in any case, a number, or of the class Other.
+///
+/// The text of a file is read whole into memory. Reading a token costs no allocation.
+class QELVRML_EXPORT CGenericParser {
+public:
+  CGenericParser();
+  /// A copy goes on reading at the same place; it shares the text, and its file interface is closed.
+  CGenericParser(const CGenericParser& other) = default;
+  CGenericParser& operator=(const CGenericParser& other) = default;
+  ~CGenericParser() = default;
+
+  /// The table outlives this object. Keywords are found in any case.
+  void SetKeywordTable(const ParserKeywordEntry* table);
+  void SetKeywordTableSize(int rows);
+
+  void SetFilename(const CBasicString& name);
+  /// Name of the file to open, or of the file that is being read; a snapshot brings its own.
+  const CBasicString& GetFilename() const { return *Reading.Filename; }
+
+  /// Opens the named file and checks its header. Afterwards the current token is an empty one of the class Other and
+  /// the next token is the first of the file.
+  GenericLoadResultTypes OpenAndInitialize();
+  /// Closes the file and gives its text up; harmless when nothing is open.
+  void CloseFile();
+
+  /// Moves the next token into the current one and reads a new next one. False when the current token is now the end of
+  /// the input, and stays there.
+  bool Tokenize();
+
+  CGenericToken& GetCurrentToken() { return Reading.Current; }
+  CGenericToken& GetNextToken() { return Reading.Next; }
+  const CGenericToken& GetCurrentToken() const { return Reading.Current; }
+  const CGenericToken& GetNextToken() const { return Reading.Next; }
+  /// Text with a NUL behind it; that of a quoted string stands without its quotes. Valid until the next call.
+  char* GetCurrentTokenString();
+  char* GetNextTokenString();
+  /// The same text without a copy, valid until the token changes.
+  std::string_view GetCurrentTokenText() { return Reading.Current.GetText(CurrentText); }
+  std::string_view GetNextTokenText() { return Reading.Next.GetText(NextText); }
+  double GetCurrentTokenNumericValue() const { return Reading.Current.GetNumericValue(); }
+  double GetNextTokenNumericValue() const { return Reading.Next.GetNumericValue(); }
+  bool GetCurrentTokenBooleanValue() const { return Reading.Current.GetBooleanValue(); }
+  bool GetNextTokenBooleanValue() const { return Reading.Next.GetBooleanValue(); }
+
+  /// Scans on from behind the next token to a delimiter of either class and stores its class in `found`. Quoted strings
+  /// and comments are stepped over. False at the end of the input, where the position then stays.
+  bool FindBlockToken(GenericTokenTypes open, GenericTokenTypes close, GenericTokenTypes& found);
+  /// Steps back by one character, onto the delimiter that FindBlockToken has found; does nothing when it found none.
+  void DecrementOffset();
+  /// Scans, from behind the next token, behind the delimiter that closes the block which is open there. It remembers
+  /// the longer blocks, so that blocks inside one another are scanned once. False at the end of the input.
+  bool FindBlockEnd(GenericTokenTypes open, GenericTokenTypes close);
+
+  /// Remembers that a stretch of the current text, from the token that began at `begin` to here, was passed over.
+  void RememberStretch(const char* begin, bool result);
+  /// If a stretch from the current token on was passed over before, goes to its end and gives its result.
+  bool StepOverStretch(bool& result);
+  /// Where the current token begins; to be handed to RememberStretch.
+  const char* GetCurrentPlace() const { return Reading.Current.Begin; }
+
+  /// Reading position and size of the file in bytes, also while a buffer is read; they saturate at the largest int.
+  int GetCurrentFileOffset() const;
+  int GetTotalFileSize() const;
+
+  /// False when nothing is being read.
+  bool SaveIOState(CGenericIOState& state) const;
+  /// The state may come from another object. False, and no change, for an empty one.
+  bool RestoreIOState(const CGenericIOState& state);
+
+  /// Reads on from a copy of `text`, whose first token is current and whose second is next afterwards. False for a null
+  /// text or a negative length.
+  bool StartBufferReading(const char* text, int length);
+  /// Ends the reading of a buffer: the input is at its end until a snapshot is restored. False if none is being read.
+  bool StopBufferReading();
+  /// Starts the buffer anew.
+  bool SetToStartOfBuffer();
+
+  CKelFileInterface& GetFileInterface() { return FileInterface; }
+  /// Brings the next line of the file's block, without its end, into the input string; false if there is none. A UTF-8
+  /// byte-order mark ahead of the first line is left out.
+  bool GetNextLineFromBuffer();
+  /// NUL-terminated and writable within its length.
+  char* GetInputString() { return InputString.data(); }
+  bool GetInputStringEmpty() const { return InputString.empty(); }
+  /// A null pointer empties the string.
+  void SetInputStringValue(const char* text) { InputString = text ? text : ""; }
+
+protected:
+  /// The check of the file's header, to be made with the operations on lines; false refuses the file.
+  virtual bool ReadFileHeader() { return true; }
+
+private:
+  bool AdoptBlock();
+  void EndInput();
+  void ReadToken(CGenericToken& token);
+  void ReadQuoted(CGenericToken& token);
+  void ReadWord(CGenericToken& token);
+  void ClassifyWord(CGenericToken& token) const;
+  const char* SkipSpace(const char* p) const;
+  const char* GetEnd() const { return Reading.Source->Text->end(); }
+
+  const ParserKeywordEntry* KeywordTable = nullptr;
+  int KeywordTableSize = 0;
+  std::shared_ptr<const qelvrml::KeywordIndex> Keywords;
+  CKelFileInterface FileInterface;
+  qelvrml::ReadingState Reading;
+  std::string InputString;
+  std::string CurrentText;  ///< what the last request for a token's text was answered from
+  std::string NextText;
+};

@@ -1,0 +1,78 @@
+// The transformations of VRML 1.0 that have one field each.
+
+#include "qelvrml/dictionary/CVRMLDictionaryTransforms.h"
+#include "qelvrml/parser/CVRMLParser.h"
+#include "qelvrml/platform/brixex/brixMatrixFunctions.h"
+
+bool CVRMLParser::ParseMatrixTransform() {
+  if (!CurrentSeparator) return false;
+
+  brixMatrix4x4 matrix;
+  StepOver({VRMLTokenOpenBrace, VRMLTokenMATRIX, VRMLTokenMATRIXTRANSFORM});
+  for (std::size_t row = 0; row < 4; ++row) {
+    for (float& element : matrix[row]) TakeNumberAndStep(element);
+  }
+  return DefineMatrixTransform(matrix);
+}
+
+bool CVRMLParser::DefineMatrixTransform(const brixMatrix4x4& matrix) {
+  if (!CurrentSeparator) return false;
+  CurrentSeparator->MultiplyTransformation(matrix);
+  Record<CVRMLDictionaryMatrix>([&](auto& entry) { entry.SetMatrix(matrix); });
+  return true;
+}
+
+bool CVRMLParser::ParseRotation() {
+  if (!CurrentSeparator) return false;
+
+  brixVector axis;
+  double angle = 0.0;
+  StepOver({VRMLTokenOpenBrace, VRMLTokenROTATION});
+  return ParseRotationVector(axis, angle) && DefineRotation(CreateRotationMatrixForNormalAngle(axis, angle));
+}
+
+bool CVRMLParser::DefineRotation(const brixMatrix4x4& matrix) {
+  if (!CurrentSeparator) return false;
+  CurrentSeparator->Rotate(matrix);
+  Record<CVRMLDictionaryRotation>([&](auto& entry) { entry.SetMatrix(matrix); });
+  return true;
+}
+
+// Up to three numbers behind the keywords; a missing one keeps its default. Ends on the node's }.
+void CVRMLParser::ReadPointField(std::initializer_list<VRMLTokenTypes> keywords, brixFloatPoint& point) {
+  StepOver(keywords);
+  for (float* component : {&point.x, &point.y, &point.z}) TakeNumberAndStep(*component);
+  while (GetCurrentTokenType() != VRMLTokenCloseBrace) {
+    if (!Tokenize()) break;
+  }
+}
+
+bool CVRMLParser::ParseScale() {
+  if (!CurrentSeparator) return false;
+
+  brixFloatPoint scaleFactor(1.0F, 1.0F, 1.0F);
+  ReadPointField({VRMLTokenOpenBrace, VRMLTokenOpenBracket, VRMLTokenSCALEFACTOR, VRMLTokenSCALE}, scaleFactor);
+  return DefineScale(scaleFactor);
+}
+
+bool CVRMLParser::DefineScale(const brixFloatPoint& scaleFactor) {
+  if (!CurrentSeparator) return false;
+  CurrentSeparator->Scale(scaleFactor);
+  Record<CVRMLDictionaryScale>([&](auto& entry) { entry.SetScaleFactor(scaleFactor); });
+  return true;
+}
+
+bool CVRMLParser::ParseTranslation() {
+  if (!CurrentSeparator) return false;
+
+  brixFloatPoint translation;
+  ReadPointField({VRMLTokenOpenBrace, VRMLTokenOpenBracket, VRMLTokenTRANSLATION}, translation);
+  return DefineTranslation(translation);
+}
+
+bool CVRMLParser::DefineTranslation(const brixFloatPoint& translation) {
+  if (!CurrentSeparator) return false;
+  CurrentSeparator->Translate(translation);
+  Record<CVRMLDictionaryTranslation>([&](auto& entry) { entry.SetTranslation(translation); });
+  return true;
+}
