@@ -2,6 +2,7 @@
 #include <sys/stat.h>
 
 #include "qelvrml/platform/fileint/CKelFileInterface.h"
+#include "qelvrml/platform/fileint/FileText.h"
 #include "support/Model.h"
 
 namespace {

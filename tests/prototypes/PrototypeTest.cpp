@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cstring>
+
 #include "qelvrml/prototypes/CVRMLPrototype.h"
 #include "support/Model.h"
 
@@ -89,12 +91,12 @@ TEST(Prototype, StringsSurviveTheExpansion) {
 TEST(Prototype, EndlessExpansionEnds) {
   EXPECT_EQ(Load20("PROTO P [] { Box {} P { } } P { } Sphere {}").Size(), 64U + 1U);
   EXPECT_EQ(Load20("PROTO A [] { B { } Box {} } PROTO B [] { A { } } A { } Sphere {}").Size(), 32U + 1U);
-  std::string doubling = "PROTO P0 [] { Group { } } ";
+  std::string doubling = "PROTO P0 [] { WorldInfo { title \"" + std::string(10000, 'x') + "\" } } ";
   for (int i = 1; i < 40; ++i) {
     const std::string below = "P" + std::to_string(i - 1) + " { } ";
     doubling += "PROTO P" + std::to_string(i) + " [] { " + below + below + "} ";
   }
-  EXPECT_EQ(Load20(doubling + "P39 { } Sphere {}").Classes(), "brixSphere");
+  EXPECT_EQ(Load20("Sphere {} " + doubling + "P39 { }").Classes(), "brixSphere");
 }
 
 // A text that the merge would blow up beyond what a load may spend is left out before it is made.

@@ -6,6 +6,7 @@
 #include "qelvrml/foundation/CBasicString.h"
 #include "qelvrml/foundation/VRMLExport.h"
 
+class CBasicListElement;
 class CVRMLDictionarySeparator;
 
 /// The kinds of entries.
@@ -60,13 +61,24 @@ public:
   /// GetHash of the name; 0 for an empty one.
   std::uint32_t GetNameHash() const { return NameHash; }
 
+  /// Whether a separator entry has this entry as a child.
+  bool IsChild() const { return !Holders.empty(); }
+  /// Whether a replay of this entry is under way.
+  bool IsReplaying() const { return Replaying; }
+  void SetReplaying(bool replaying) { Replaying = replaying; }
+
 private:
   friend class CVRMLDictionarySeparator;
-  friend class CVRMLParser;
+
+  /// A place in the children of a separator entry.
+  struct Holder {
+    CVRMLDictionarySeparator* Separator;
+    CBasicListElement* Place;
+  };
 
   CBasicString Name;
   std::uint32_t NameHash;
   int Type;
-  std::vector<CVRMLDictionarySeparator*> Holders;  ///< separator entries that have this entry as a child
+  std::vector<Holder> Holders;
   bool Replaying = false;
 };

@@ -2,7 +2,7 @@
 
 #include "qelvrml/dictionary/CVRMLDictionaryEntry.h"
 #include "qelvrml/foundation/VRMLExport.h"
-#include "qelvrml/platform/brixex/NameIndexedList.h"
+#include "qelvrml/platform/brixex/CKelList.h"
 
 /// The entry of a separator: what was recorded directly inside it, in the order of the file.
 class QELVRML_EXPORT CVRMLDictionarySeparator : public CVRMLDictionaryEntry {
@@ -11,18 +11,31 @@ public:
   CVRMLDictionarySeparator(const CVRMLDictionarySeparator&) = delete;
   CVRMLDictionarySeparator& operator=(const CVRMLDictionarySeparator&) = delete;
   /// The children stay in the dictionary.
-  ~CVRMLDictionarySeparator() override { RemoveChildren(); }
+  ~CVRMLDictionarySeparator() override { Children.RemoveAll(); }
 
   void Initialize() override { SetType(DictionaryEntrySeparator); }
 
-  /// The children; not owned.
+  /// The children; not owned. They enter through AddChild only.
   CKelList& GetChildren() { return Children; }
-  /// These two give false for null; RemoveChild also for an entry that isn't a child.
+  /// These two give false for null; RemoveChild also for an entry that isn't a child. Both take constant time, however
+  /// many children there are.
   bool AddChild(CVRMLDictionaryEntry* child);
   bool RemoveChild(CVRMLDictionaryEntry* child);
-  /// Lets go of all children.
-  void RemoveChildren();
 
 private:
-  qelvrml::NameIndexedList Children{nullptr};
+  /// A list whose entries know their places in it, however they leave it.
+  class ChildList : public CKelList {
+  public:
+    ChildList() = default;
+    ChildList(const ChildList&) = delete;
+    ChildList& operator=(const ChildList&) = delete;
+    ~ChildList() override = default;
+
+    void RemoveAt(CBasicListElement* place);
+    bool Remove(void* value) override;
+    void* RemoveHead() override;
+    bool RemoveAll() override;
+  };
+
+  ChildList Children;
 };

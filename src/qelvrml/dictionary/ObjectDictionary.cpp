@@ -6,44 +6,76 @@
 
 #include "qelvrml/dictionary/CVRMLDictionarySeparator.h"
 #include "qelvrml/dictionary/CVRMLDictionaryUse.h"
-#include "qelvrml/parser/CVRMLParser.h"
+#include "qelvrml/dictionary/Recording.h"
+#include "qelvrml/parser/LoadState.h"
+#include "qelvrml/parser/ParserInternals.h"
+#include "qelvrml/platform/brixex/NameIndexedList.h"
 
-// The entry that nodes of the current scope are recorded into.
-CVRMLDictionarySeparator* CVRMLParser::GetRecordingEntry() const {
-  return CurrentSeparator && !CurrentSeparator->RecordingSuspended ? CurrentSeparator->GetDictionaryEntry() : nullptr;
+namespace {
+
+using qelvrml::ParserInternals;
+
+template <class Item>
+bool Contains(const std::vector<const Item*>& items, const Item* item) {
+  return std::find(items.begin(), items.end(), item) != items.end();
 }
+
+CVRMLDictionarySeparator* AsSeparatorEntry(CVRMLDictionaryEntry* entry) {
+  return dynamic_cast<CVRMLDictionarySeparator*>(entry);
+}
+
+// Puts an entry that is in the dictionary into the scope that it was recorded in. A separator whose own entry has just
+// been replaced by one of the same name goes on recording into the new one.
+void PutIntoScope(CVRMLParser& parser, CVRMLDictionaryEntry& entry, bool wasRecording) {
+  CVRMLSeparator* scope = parser.GetCurrentSeparator();
+  if (!scope) return;
+  if (scope->GetDictionaryEntry()) {
+    CVRMLDictionarySeparator* recording = AsSeparatorEntry(scope->GetDictionaryEntry());
+    if (recording && qelvrml::IsRecording(parser)) recording->AddChild(&entry);
+  } else if (wasRecording && entry.GetType() == DictionaryEntrySeparator) {
+    scope->SetDictionaryEntry(&entry);
+  }
+}
+
+}  // namespace
+
+bool qelvrml::IsRecording(const CVRMLParser& parser) {
+  const CVRMLSeparator* scope = parser.GetCurrentSeparator();
+  return scope && scope->GetDictionaryEntry() && !Contains(ParserInternals::Load(parser).SuspendedScopes, scope);
+}
+
+CKelList* CVRMLParser::GetObjectDictionary() { return ObjectDictionary.get(); }
 
 bool CVRMLParser::AddDictionaryObject(CVRMLDictionaryEntry* entry) {
   std::unique_ptr<CVRMLDictionaryEntry> owned(entry);
   if (!entry || SkippingBlock) return false;
 
-  const bool wasRecording = GetRecordingEntry() != nullptr;
+  const bool wasRecording = CurrentSeparator && CurrentSeparator->GetDictionaryEntry();
   if (entry->GetType() != DictionaryEntryUse && entry->GetName().GetLength() > 0) {
     RemoveDictionaryObject(FindObjectInDictionary(entry->GetName()));
   }
-  if (!ObjectDictionary.AddTail(entry)) return false;
+  if (!ObjectDictionary->AddTail(entry)) return false;
   owned.release();
-  if (CVRMLDictionarySeparator* recording = GetRecordingEntry()) {
-    recording->AddChild(entry);
-  } else if (wasRecording && entry->GetType() == DictionaryEntrySeparator) {
-    CurrentSeparator->SetDictionaryEntry(static_cast<CVRMLDictionarySeparator*>(entry));
-  }
+  PutIntoScope(*this, *entry, wasRecording);
   return true;
 }
 
 CVRMLDictionaryEntry* CVRMLParser::FindObjectInDictionary(const CBasicString& name) {
-  return static_cast<CVRMLDictionaryEntry*>(ObjectDictionary.FindKey(name.GetHash()));
+  return static_cast<CVRMLDictionaryEntry*>(ObjectDictionary->FindKey(name.GetHash()));
 }
 
+// An entry that is still needed stays without its name: one that a closed separator's entry holds, and an instance
+// whose body is being read, which stays a child of its scope as well.
 bool CVRMLParser::RemoveDictionaryObject(CVRMLDictionaryEntry* entry) {
   if (!entry) return false;
-  RemoveDictionaryObjectFromSeparators(entry);
-  if (!entry->Holders.empty()) {
-    ObjectDictionary.ForgetKey(entry);
+  const bool beingRead = Contains<CVRMLDictionaryEntry>(Load->InstancesBeingRead, entry);
+  if (!beingRead) RemoveDictionaryObjectFromSeparators(entry);
+  if (beingRead || entry->IsChild()) {
+    ObjectDictionary->ForgetKey(entry);
     entry->SetName(CBasicString());
     return true;
   }
-  ObjectDictionary.Remove(entry);
+  ObjectDictionary->Remove(entry);
   delete entry;
   return true;
 }
@@ -52,13 +84,13 @@ bool CVRMLParser::RemoveDictionaryObjectFromSeparators(CVRMLDictionaryEntry* ent
   bool found = false;
   for (CBasicListElement* element = SeparatorStack.GoToFirst(); element; element = SeparatorStack.GoToNext()) {
     auto* separator = static_cast<CVRMLSeparator*>(element->Data);
-    CVRMLDictionarySeparator* recording = separator->GetDictionaryEntry();
-    if (!recording) continue;
-    if (recording == entry) {
+    if (!separator->GetDictionaryEntry()) continue;
+    if (separator->GetDictionaryEntry() == entry) {
       separator->SetDictionaryEntry(nullptr);
       found = true;
-    } else if (entry && !entry->Holders.empty()) {
-      found = recording->RemoveChild(entry) || found;
+    } else if (entry && entry->IsChild()) {
+      CVRMLDictionarySeparator* recording = AsSeparatorEntry(separator->GetDictionaryEntry());
+      found = (recording && recording->RemoveChild(entry)) || found;
     }
   }
   return found;
@@ -68,14 +100,16 @@ void CVRMLParser::ClearObjectDictionary() {
   for (CBasicListElement* element = SeparatorStack.GoToFirst(); element; element = SeparatorStack.GoToNext()) {
     static_cast<CVRMLSeparator*>(element->Data)->SetDictionaryEntry(nullptr);
   }
-  for (CBasicListElement* element = ObjectDictionary.GoToFirst(); element; element = ObjectDictionary.GoToNext()) {
-    auto* separator = dynamic_cast<CVRMLDictionarySeparator*>(static_cast<CVRMLDictionaryEntry*>(element->Data));
-    if (separator) separator->RemoveChildren();
+  for (CBasicListElement* element = ObjectDictionary->GoToFirst(); element; element = ObjectDictionary->GoToNext()) {
+    // No entry's destruction may look at another one that is gone.
+    if (auto* separator = AsSeparatorEntry(static_cast<CVRMLDictionaryEntry*>(element->Data))) {
+      separator->GetChildren().RemoveAll();
+    }
   }
-  for (CBasicListElement* element = ObjectDictionary.GoToFirst(); element; element = ObjectDictionary.GoToNext()) {
+  for (CBasicListElement* element = ObjectDictionary->GoToFirst(); element; element = ObjectDictionary->GoToNext()) {
     delete static_cast<CVRMLDictionaryEntry*>(element->Data);
   }
-  ObjectDictionary.RemoveAll();
+  ObjectDictionary->RemoveAll();
 }
 
 bool CVRMLParser::ParseUse() {

@@ -11,6 +11,7 @@
 
 #include "qelvrml/foundation/TextConversion.h"
 #include "qelvrml/parser/CVRMLParser.h"
+#include "qelvrml/parser/LoadState.h"
 #include "qelvrml/platform/brixex/packing/CKelCompress.h"
 #include "qelvrml/platform/brixex/packing/CZLibDecompressor.h"
 #include "qelvrml/platform/system/TemporaryFile.h"
@@ -100,18 +101,21 @@ bool CVRMLParser::DecompressPKZipFile(const CBasicString& path) { return Decompr
 
 template <class Unpack>
 bool CVRMLParser::DecompressFile(const CBasicString& path, Unpack unpack) {
-  qelvrml::TemporaryFile output;
-  SetTemporaryFilename(CreateTemporaryFilename(output));
-  if (TemporaryFilename.GetLength() == 0) return false;
-  PackedFile packed = ReadPackedFile(path);
-  const bool result = packed.Size > 0 && unpack(packed, output);
-  output.Close();
+  bool result = false;
+  const CBasicString unpacked = CreateTemporaryFilename();
+  if (unpacked.GetLength() > 0) {
+    SetTemporaryFilename(unpacked);
+    IOManager.GetFileInterface().Close();
+    PackedFile packed = ReadPackedFile(path);
+    result = packed.Size > 0 && unpack(packed, Load->Unpacked);
+    Load->Unpacked.Close();
+  }
   if (!result) DestroyTemporaryFile();
   return result;
 }
 
-CBasicString CVRMLParser::CreateTemporaryFilename(qelvrml::TemporaryFile& file) {
-  return CBasicString(std::string_view(file.Create("VRML", ".wrl")));
+CBasicString CVRMLParser::CreateTemporaryFilename() {
+  return CBasicString(std::string_view(Load->Unpacked.Create("VRML", ".wrl")));
 }
 
 bool CVRMLParser::DestroyTemporaryFile() {

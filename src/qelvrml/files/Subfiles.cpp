@@ -1,31 +1,95 @@
 // Files that a scene refers to. A subfile is read by the same parser in the place of the node that names it.
 
+#include "qelvrml/files/Subfiles.h"
+
 #include <algorithm>
 
-#include "qelvrml/foundation/ScopedValue.h"
-#include "qelvrml/parser/CVRMLParser.h"
-#include "qelvrml/parser/Limits.h"
+#include "qelvrml/files/MissingFiles.h"
+#include "qelvrml/parser/InputFrame.h"
+#include "qelvrml/parser/LoadState.h"
+#include "qelvrml/parser/ParserInternals.h"
 #include "qelvrml/platform/system/PathParts.h"
+
+namespace qelvrml {
+namespace {
+
+/// Notes that a file is being read for the life of this object.
+class FileBeingRead {
+public:
+  FileBeingRead(LoadState& load, const CKelFileInterface::FileIdentity& identity) : Load(load) {
+    Load.FilesBeingRead.push_back(identity);
+  }
+  FileBeingRead(const FileBeingRead&) = delete;
+  FileBeingRead& operator=(const FileBeingRead&) = delete;
+  ~FileBeingRead() { Load.FilesBeingRead.pop_back(); }
+
+private:
+  LoadState& Load;
+};
+
+// Lets the parser's own token source read an opened file to its end.
+bool ReadOpenedFile(CVRMLParser& parser, CVRMLIOManager& subfile) {
+  const InputFrame frame(parser);
+  CGenericIOState own;
+  subfile.SaveIOState(own);
+  parser.RestoreIOState(own);
+  bool result = false;
+  while (parser.GetCurrentTokenType() != VRMLTokenEndOfFile) result = parser.ParseBlock() || result;
+  return result;
+}
+
+bool ReadSubfile(CVRMLParser& parser, const CBasicString& path, bool noteIfMissing) {
+  const LoadRun run(parser);
+  LoadState& load = ParserInternals::Load(parser);
+  if (load.FilesBeingRead.size() > MaximumSubfileNesting || load.SubfilesAskedFor >= MaximumSubfiles) return false;
+  ++load.SubfilesAskedFor;
+  if (load.MissingFiles.count(std::u16string(path.GetView())) > 0) return false;
+  CVRMLIOManager subfile;
+  subfile.SetFilename(path);
+  const VRMLLoadResultTypes opened = subfile.OpenFile();
+  if (opened == VRMLLoadOpenFailed && noteIfMissing) NoteMissingFile(parser, path);
+  if (opened != VRMLLoadOK) return false;
+  const CKelFileInterface::FileIdentity identity = subfile.GetFileInterface().GetIdentity();
+  const auto& reading = load.FilesBeingRead;
+  if (std::find(reading.begin(), reading.end(), identity) != reading.end()) return false;
+
+  const auto size = static_cast<std::uint64_t>(subfile.GetTotalFileSize());
+  load.Made.AddInput(size);
+  if (load.PassingOver > 0) load.PassedOver += size;
+  const FileBeingRead beingRead(load, identity);
+  return ReadOpenedFile(parser, subfile);
+}
+
+}  // namespace
+
+bool ReadReferredFile(CVRMLParser& parser, const FileReference& reference) {
+  CBasicString path = reference.Name;
+  return !parser.CreateSubfilePath(path) || ReadSubfile(parser, path, reference.IsName);
+}
+
+void NoteMissingFile(CVRMLParser& parser, const CBasicString& path) {
+  const bool added = ParserInternals::Load(parser).MissingFiles.insert(std::u16string(path.GetView())).second;
+  if (added) ParserInternals::MissingFiles(parser).push_back(path);
+}
+
+}  // namespace qelvrml
+
+using qelvrml::NodeReader;
 
 bool CVRMLParser::ParseWWWInline() {
   if (!CurrentSeparator) return true;
 
-  CBasicString name;
-  StepOver({VRMLTokenOpenBrace, VRMLTokenOpenBracket, VRMLTokenINLINE});
-  WhileInNode([&](VRMLTokenTypes keyword) {
+  qelvrml::FileReference file;
+  NodeReader reader(*this);
+  reader.StepOver({VRMLTokenOpenBrace, VRMLTokenOpenBracket, VRMLTokenINLINE});
+  reader.WhileInNode([&](VRMLTokenTypes keyword) {
     Tokenize();
-    if (keyword == VRMLTokenURL || keyword == VRMLTokenNAME) name = TakeFirstUrl();
+    if (keyword == VRMLTokenURL || keyword == VRMLTokenNAME) file = reader.TakeFirstUrl();
   });
-  return !CreateSubfilePath(name) || ParseSubfile(name);
+  return qelvrml::ReadReferredFile(*this, file);
 }
 
-// The text at the current token, or behind the bracket there. Ends on it, or behind a ].
-CBasicString CVRMLParser::TakeFirstUrl() {
-  if (GetCurrentTokenBeginType()) Tokenize();
-  CBasicString url(IOManager.GetCurrentTokenText());
-  if (GetCurrentTokenType() == VRMLTokenCloseBracket) Tokenize();
-  return url;
-}
+bool CVRMLParser::ParseSubfile(const CBasicString& path) { return qelvrml::ReadSubfile(*this, path, true); }
 
 bool CVRMLParser::CreateSubfilePath(CBasicString& path) const {
   if (path.GetLength() == 0) return false;
@@ -39,41 +103,6 @@ bool CVRMLParser::CreateSubfilePath(CBasicString& path) const {
 }
 
 bool CVRMLParser::RemoveQuotes(CBasicString& text) { return text.Replace(CBasicString('"'), CBasicString()); }
-
-bool CVRMLParser::ParseSubfile(const CBasicString& path) {
-  if (FilesBeingRead.size() > qelvrml::MaximumSubfileNesting || Subfiles >= qelvrml::MaximumSubfiles) return false;
-  ++Subfiles;
-  if (MissingFileNames.count(std::u16string(path.GetView())) > 0) return false;
-  CVRMLIOManager subfile;
-  subfile.SetFilename(path);
-  const VRMLLoadResultTypes opened = subfile.OpenFile();
-  if (opened == VRMLLoadOpenFailed) NoteMissingFile(path);
-  if (opened != VRMLLoadOK) return false;
-  const qelvrml::FileIdentity identity = subfile.GetFileInterface().GetIdentity();
-  if (std::find(FilesBeingRead.begin(), FilesBeingRead.end(), identity) != FilesBeingRead.end()) return false;
-
-  FilesBeingRead.push_back(identity);
-  const bool result = ReadSubfile(subfile);
-  FilesBeingRead.pop_back();
-  return result;
-}
-
-// Lets the parser's own token source read an opened file to its end.
-bool CVRMLParser::ReadSubfile(CVRMLIOManager& subfile) {
-  CGenericIOState own;
-  CGenericIOState parent;
-  SaveIOState(parent);
-  subfile.SaveIOState(own);
-  RestoreIOState(own);
-  bool result = false;
-  while (GetCurrentTokenType() != VRMLTokenEndOfFile) result = ParseBlock() || result;
-  RestoreIOState(parent);
-  return result;
-}
-
-void CVRMLParser::NoteMissingFile(const CBasicString& path) {
-  if (MissingFileNames.insert(std::u16string(path.GetView())).second) MissingFiles.push_back(path);
-}
 
 CBasicString CVRMLParser::GetResolvedFile(const CBasicString& url) {
   CBasicString resolved;

@@ -6,21 +6,40 @@
 #include <new>
 
 #include "qelvrml/dictionary/CVRMLDictionarySolids.h"
-#include "qelvrml/parser/CVRMLParser.h"
+#include "qelvrml/dictionary/Recording.h"
+#include "qelvrml/foundation/NearZero.h"
+#include "qelvrml/parser/Budget.h"
+#include "qelvrml/parser/NodeReader.h"
 #include "qelvrml/platform/brix/brixPlane.h"
 #include "qelvrml/platform/brix/solids/brixCone.h"
 #include "qelvrml/platform/brix/solids/brixCylinder.h"
 #include "qelvrml/platform/brix/solids/brixDisk.h"
 #include "qelvrml/platform/brixex/brixMatrixFunctions.h"
 
+using qelvrml::NodeReader;
+
 namespace {
 
-constexpr double NearZero = 1.0e-6F;  // in single precision, read as a double
 constexpr float WholeTurn = 6.283186F;
 
 brixMatrix4x4 AxisPlacement(double height, const brixMatrix4x4& transformation) {
   return CVRMLParser::CreateBaseTranslationMatrix() *
          GetDisplacementMatrix({0.0F, static_cast<float>(-height / 2.0), 0.0F}) * transformation;
+}
+
+// The end disks stay circles under any scale; their radius follows the local X axis.
+void AddDisks(CVRMLParser& parser, double radius, double height, const brixMatrix4x4& placement) {
+  const VRMLBindingTypes binding = parser.GetCurrentSeparator()->GetMaterialBinding();
+  const bool perPart = binding == VRMLBindingPerPart || binding == VRMLBindingPerPartIndexed;
+  const brixFloatPoint bottom = brixFloatPoint(0.0F, 0.0F, 0.0F) * placement;
+  const brixFloatPoint rim = brixFloatPoint(static_cast<float>(radius), 0.0F, 0.0F) * placement;
+  const double worldRadius = brixVector(bottom, rim).Length();
+  brixVector axis = brixVector(0.0F, 0.0F, 1.0F) * placement;
+  parser.AddDiskToModel(bottom, worldRadius, axis, perPart ? 1 : 0);
+  axis = brixVector(0.0F, 0.0F, static_cast<float>(height)) * placement;
+  const brixFloatPoint top = bottom + brixFloatPoint(axis);
+  axis.Normalize();
+  parser.AddDiskToModel(top, worldRadius, axis, perPart ? 2 : 0);
 }
 
 }  // namespace
@@ -32,18 +51,22 @@ bool CVRMLParser::ParseCone() {
   double height = 2.0;
   bool side = true;
   bool bottom = true;
-  StepOver({VRMLTokenOpenBrace, VRMLTokenCONE});
-  ForEachField([&](VRMLTokenTypes keyword) {
-    if (keyword == VRMLTokenBOTTOMRADIUS) TakeNumber(bottomRadius);
-    if (keyword == VRMLTokenHEIGHT) TakeNumber(height);
-    if (keyword == VRMLTokenSIDE) TakeBoolean(side);
-    if (keyword == VRMLTokenBOTTOM) TakeBoolean(bottom);
+  NodeReader reader(*this);
+  reader.StepOver({VRMLTokenOpenBrace, VRMLTokenCONE});
+  reader.ForEachField([&](VRMLTokenTypes keyword) {
+    if (keyword == VRMLTokenBOTTOMRADIUS) reader.TakeNumber(bottomRadius);
+    if (keyword == VRMLTokenHEIGHT) reader.TakeNumber(height);
+    if (keyword == VRMLTokenSIDE) reader.TakeBoolean(side);
+    if (keyword == VRMLTokenBOTTOM) reader.TakeBoolean(bottom);
   });
   return DefineCone(bottomRadius, height, side, bottom);
 }
 
 bool CVRMLParser::DefineCone(double bottomRadius, double height, bool side, bool bottom) {
   if (!CurrentSeparator) return false;
+  const bool closed = bottom || GetVersion() == VRMLVersion10;
+  if (!qelvrml::CanMake(*this, {.Objects = (side ? 1U : 0U) + (closed ? 1U : 0U)})) return false;
+
   const brixMatrix4x4 placement = AxisPlacement(height, CurrentSeparator->GetTransformation());
   bool result = false;
   std::unique_ptr<brixCone> cone(side ? new (std::nothrow) brixCone : nullptr);
@@ -52,13 +75,12 @@ bool CVRMLParser::DefineCone(double bottomRadius, double height, bool side, bool
     cone->SetXformation(placement);
     result = AddObjectToSeparator(cone.release());
   }
-  const bool closed = bottom || GetVersion() == VRMLVersion10;
   std::unique_ptr<brixDisk> disk(closed ? new (std::nothrow) brixDisk : nullptr);
   if (disk) {
     disk->SetDisk(0.0F, static_cast<float>(bottomRadius), placement, brixTrue);
     result = AddObjectToSeparator(disk.release());
   }
-  Record<CVRMLDictionaryCone>([&](auto& entry) {
+  qelvrml::Record<CVRMLDictionaryCone>(*this, [&](auto& entry) {
     entry.SetBottomRadius(bottomRadius);
     entry.SetHeight(height);
     entry.SetSide(side);
@@ -72,10 +94,11 @@ bool CVRMLParser::ParseCylinder() {
 
   double radius = 1.0;
   double height = 2.0;
-  StepOver({VRMLTokenOpenBrace, VRMLTokenCYLINDER});
-  ForEachField([&](VRMLTokenTypes keyword) {
-    if (keyword == VRMLTokenRADIUS) TakeNumber(radius);
-    if (keyword == VRMLTokenHEIGHT) TakeNumber(height);
+  NodeReader reader(*this);
+  reader.StepOver({VRMLTokenOpenBrace, VRMLTokenCYLINDER});
+  reader.ForEachField([&](VRMLTokenTypes keyword) {
+    if (keyword == VRMLTokenRADIUS) reader.TakeNumber(radius);
+    if (keyword == VRMLTokenHEIGHT) reader.TakeNumber(height);
     if (keyword == VRMLTokenPARTS) Tokenize();
   });
   return DefineCylinder(radius, height);
@@ -83,7 +106,9 @@ bool CVRMLParser::ParseCylinder() {
 
 bool CVRMLParser::DefineCylinder(double radius, double height) {
   if (!CurrentSeparator) return false;
-  if (brixFabs(radius) < NearZero || brixFabs(height) < NearZero) return false;
+  if (qelvrml::IsNearZero(radius) || qelvrml::IsNearZero(height)) return false;
+  constexpr qelvrml::Making SideAndDisks = {.Objects = 3};
+  if (!qelvrml::CanMake(*this, SideAndDisks)) return false;
 
   std::unique_ptr<brixCylinder> cylinder(new (std::nothrow) brixCylinder);
   if (!cylinder) return false;
@@ -92,27 +117,12 @@ bool CVRMLParser::DefineCylinder(double radius, double height) {
                         WholeTurn);
   cylinder->SetXformation(placement);
   if (!AddObjectToSeparator(cylinder.release())) return false;
-  AddCylinderDisks(radius, height, placement);
-  Record<CVRMLDictionaryCylinder>([&](auto& entry) {
+  AddDisks(*this, radius, height, placement);
+  qelvrml::Record<CVRMLDictionaryCylinder>(*this, [&](auto& entry) {
     entry.SetRadius(radius);
     entry.SetHeight(height);
   });
   return true;
-}
-
-// The end disks stay circles under any scale; their radius follows the local X axis.
-void CVRMLParser::AddCylinderDisks(double radius, double height, const brixMatrix4x4& placement) {
-  const VRMLBindingTypes binding = CurrentSeparator->GetMaterialBinding();
-  const bool perPart = binding == VRMLBindingPerPart || binding == VRMLBindingPerPartIndexed;
-  const brixFloatPoint bottom = brixFloatPoint(0.0F, 0.0F, 0.0F) * placement;
-  const brixFloatPoint rim = brixFloatPoint(static_cast<float>(radius), 0.0F, 0.0F) * placement;
-  const double worldRadius = brixVector(bottom, rim).Length();
-  brixVector axis = brixVector(0.0F, 0.0F, 1.0F) * placement;
-  AddDiskToModel(bottom, worldRadius, axis, perPart ? 1 : 0);
-  axis = brixVector(0.0F, 0.0F, static_cast<float>(height)) * placement;
-  const brixFloatPoint top = bottom + brixFloatPoint(axis);
-  axis.Normalize();
-  AddDiskToModel(top, worldRadius, axis, perPart ? 2 : 0);
 }
 
 bool CVRMLParser::AddDiskToModel(const brixFloatPoint& centre, double radius, const brixVector& normal,

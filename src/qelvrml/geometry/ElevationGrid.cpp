@@ -9,18 +9,50 @@
 #include <new>
 
 #include "qelvrml/dictionary/CVRMLDictionaryGeometry.h"
+#include "qelvrml/dictionary/Recording.h"
 #include "qelvrml/foundation/CutToInt.h"
-#include "qelvrml/parser/CVRMLParser.h"
+#include "qelvrml/foundation/NearZero.h"
+#include "qelvrml/parser/Budget.h"
 #include "qelvrml/parser/Limits.h"
+#include "qelvrml/parser/NodeReader.h"
 #include "qelvrml/platform/brixex/shapes/CKelPolyMesh.h"
 #include "qelvrml/platform/brixex/shapes/CKelPolyline.h"
 
 namespace {
 
-constexpr double NearZero = 1.0e-6F;  // in single precision, read as a double
+using qelvrml::IsNearZero;
+using qelvrml::NodeReader;
 
-bool IsNearZero(double value) { return brixFabs(value) < NearZero; }
+template <class PointAt>
+bool AddMesh(CVRMLParser& parser, int columns, int rows, PointAt pointAt) {
+  std::unique_ptr<CKelPolyMesh> mesh(new (std::nothrow) CKelPolyMesh);
+  if (!mesh) return false;
+  brixFloatPointArray points(columns * rows);
+  auto place = points.Edit().begin();
+  for (int i = 0; i < columns; ++i) {
+    for (int j = 0; j < rows; ++j) *place++ = pointAt(i, j);
+  }
+  parser.GetCurrentSeparator()->TransformPoints(points);
+  mesh->SetPoints(points, columns, rows, false, false);
+  return parser.AddObjectToSeparator(mesh.release());
+}
 
+template <class PointAt>
+bool AddLines(CVRMLParser& parser, int columns, int rows, PointAt pointAt) {
+  bool result = false;
+  const auto addLine = [&](int count, auto at) {
+    std::unique_ptr<CKelPolyline> line(new (std::nothrow) CKelPolyline);
+    if (!line) return;
+    brixFloatPointArray points(count);
+    for (int k = 0; k < count; ++k) points.Edit()[static_cast<std::size_t>(k)] = at(k);
+    parser.GetCurrentSeparator()->TransformPoints(points);
+    line->SetPolyline(points, false);
+    result = parser.AddObjectToSeparator(line.release()) || result;
+  };
+  for (int i = 0; i < columns; ++i) addLine(rows, [&](int j) { return pointAt(i, j); });
+  for (int j = 0; j < rows; ++j) addLine(columns, [&](int i) { return pointAt(i, j); });
+  return result;
+}
 }  // namespace
 
 bool CVRMLParser::ParseElevationGrid() {
@@ -32,18 +64,19 @@ bool CVRMLParser::ParseElevationGrid() {
   double xSpacing = 0.0;
   double zDimension = 0.0;
   double zSpacing = 0.0;
-  StepOver({VRMLTokenOpenBrace, VRMLTokenELEVATIONGRID});
-  WhileInNode([&](VRMLTokenTypes keyword) {
+  NodeReader reader(*this);
+  reader.StepOver({VRMLTokenOpenBrace, VRMLTokenELEVATIONGRID});
+  reader.WhileInNode([&](VRMLTokenTypes keyword) {
     switch (keyword) {
       case VRMLTokenHEIGHT:
         Tokenize();
         ParseFloatArray(heights);
         break;
-      case VRMLTokenSOLID: TakeBoolean(solid); break;
-      case VRMLTokenXDIMENSION: TakeNumber(xDimension); break;
-      case VRMLTokenXSPACING: TakeNumber(xSpacing); break;
-      case VRMLTokenZDIMENSION: TakeNumber(zDimension); break;
-      case VRMLTokenZSPACING: TakeNumber(zSpacing); break;
+      case VRMLTokenSOLID: reader.TakeBoolean(solid); break;
+      case VRMLTokenXDIMENSION: reader.TakeNumber(xDimension); break;
+      case VRMLTokenXSPACING: reader.TakeNumber(xSpacing); break;
+      case VRMLTokenZDIMENSION: reader.TakeNumber(zDimension); break;
+      case VRMLTokenZSPACING: reader.TakeNumber(zSpacing); break;
       default: Tokenize(); break;
     }
   });
@@ -68,11 +101,16 @@ bool CVRMLParser::DefineElevationGrid(bool solid, const brixDoubleArray& heights
   const bool padded = count > static_cast<std::int64_t>(heights.GetSize());
   if (columns < 1 || rows < 1 || (padded && count > qelvrml::MaximumPaddedHeights)) return false;
 
+  // As lines, every point stands in two of them.
+  const auto points = static_cast<std::uint64_t>(count) * (solid ? 1U : 2U);
+  const std::uint64_t objects = solid ? 1 : static_cast<std::uint64_t>(columns) + static_cast<std::uint64_t>(rows);
+  if (!qelvrml::CanMake(*this, {.Objects = objects, .Points = points})) return false;
+
   const auto pointAt = [&](int i, int j) {
     return GetElevationGridPoint(i, j, heights, xDimension, xSpacing, zDimension, zSpacing);
   };
-  const bool result = solid ? AddGridMesh(columns, rows, pointAt) : AddGridLines(columns, rows, pointAt);
-  Record<CVRMLDictionaryElevationGrid>([&](auto& entry) {
+  const bool result = solid ? AddMesh(*this, columns, rows, pointAt) : AddLines(*this, columns, rows, pointAt);
+  qelvrml::Record<CVRMLDictionaryElevationGrid>(*this, [&](auto& entry) {
     entry.SetSolid(solid);
     entry.SetHeight(heights);
     entry.SetXDimension(xDimension);
@@ -80,36 +118,5 @@ bool CVRMLParser::DefineElevationGrid(bool solid, const brixDoubleArray& heights
     entry.SetZDimension(zDimension);
     entry.SetZSpacing(zSpacing);
   });
-  return result;
-}
-
-template <class PointAt>
-bool CVRMLParser::AddGridMesh(int columns, int rows, PointAt pointAt) {
-  std::unique_ptr<CKelPolyMesh> mesh(new (std::nothrow) CKelPolyMesh);
-  if (!mesh) return false;
-  brixFloatPointArray points(columns * rows);
-  auto place = points.Edit().begin();
-  for (int i = 0; i < columns; ++i) {
-    for (int j = 0; j < rows; ++j) *place++ = pointAt(i, j);
-  }
-  CurrentSeparator->TransformPoints(points);
-  mesh->SetPoints(points, columns, rows, false, false);
-  return AddObjectToSeparator(mesh.release());
-}
-
-template <class PointAt>
-bool CVRMLParser::AddGridLines(int columns, int rows, PointAt pointAt) {
-  bool result = false;
-  const auto addLine = [&](int count, auto at) {
-    std::unique_ptr<CKelPolyline> line(new (std::nothrow) CKelPolyline);
-    if (!line) return;
-    brixFloatPointArray points(count);
-    for (int k = 0; k < count; ++k) points.Edit()[static_cast<std::size_t>(k)] = at(k);
-    CurrentSeparator->TransformPoints(points);
-    line->SetPolyline(points, false);
-    result = AddObjectToSeparator(line.release()) || result;
-  };
-  for (int i = 0; i < columns; ++i) addLine(rows, [&](int j) { return pointAt(i, j); });
-  for (int j = 0; j < rows; ++j) addLine(columns, [&](int i) { return pointAt(i, j); });
   return result;
 }

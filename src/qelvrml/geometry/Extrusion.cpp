@@ -9,8 +9,10 @@
 #include <new>
 
 #include "qelvrml/dictionary/CVRMLDictionaryGeometry.h"
-#include "qelvrml/parser/CVRMLParser.h"
+#include "qelvrml/dictionary/Recording.h"
+#include "qelvrml/parser/Budget.h"
 #include "qelvrml/parser/Limits.h"
+#include "qelvrml/parser/NodeReader.h"
 #include "qelvrml/platform/brixex/brixMatrixFunctions.h"
 #include "qelvrml/platform/brixex/shapes/CKelPolyMesh.h"
 #include "qelvrml/platform/brixex/shapes/PointRange.h"
@@ -48,12 +50,13 @@ bool CVRMLParser::ParseExtrusion() {
   brixDoubleArray scale;
   brixDoubleArray crossSection;
   brixFloatPointArray spine;
-  StepOver({VRMLTokenOpenBrace, VRMLTokenEXTRUSION});
-  WhileInNode([&](VRMLTokenTypes keyword) {
+  qelvrml::NodeReader reader(*this);
+  reader.StepOver({VRMLTokenOpenBrace, VRMLTokenEXTRUSION});
+  reader.WhileInNode([&](VRMLTokenTypes keyword) {
     switch (keyword) {
-      case VRMLTokenSOLID: TakeBoolean(solid); return;
-      case VRMLTokenBEGINCAP: TakeBoolean(beginCap); return;
-      case VRMLTokenENDCAP: TakeBoolean(endCap); return;
+      case VRMLTokenSOLID: reader.TakeBoolean(solid); return;
+      case VRMLTokenBEGINCAP: reader.TakeBoolean(beginCap); return;
+      case VRMLTokenENDCAP: reader.TakeBoolean(endCap); return;
       default: Tokenize(); break;
     }
     if (keyword == VRMLTokenSCALE) ParseFloatArray(scale);
@@ -83,6 +86,8 @@ bool CVRMLParser::DefineExtrusion(bool solid, bool beginCap, bool endCap, const 
     SetLastWarning(VRMLWarningExtrusionData);
     return false;
   }
+  const std::uint64_t count = std::uint64_t{PairCount(crossSection)} * spine.GetSize();
+  if (!qelvrml::CanMake(*this, {.Objects = 1, .Points = count})) return false;
   brixFloatPointArray points;
   if (!GetExtrusionMesh(points, axes, angles, scale, crossSection, spine)) return false;
   CurrentSeparator->TransformPoints(points);
@@ -97,7 +102,7 @@ bool CVRMLParser::DefineExtrusion(bool solid, bool beginCap, bool endCap, const 
     if (beginCap) result = DefineExtrusionCap(0, columns, points);
     if (endCap) result = DefineExtrusionCap(rows - 1, columns, points);
   }
-  Record<CVRMLDictionaryExtrusion>([&](auto& entry) {
+  qelvrml::Record<CVRMLDictionaryExtrusion>(*this, [&](auto& entry) {
     entry.SetSolid(solid);
     entry.SetBeginCap(beginCap);
     entry.SetEndCap(endCap);

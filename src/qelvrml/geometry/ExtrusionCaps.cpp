@@ -15,6 +15,8 @@
 #include <vector>
 
 #include "qelvrml/geometry/CVRMLLoopIndexPair.h"
+#include "qelvrml/geometry/TexturesInUse.h"
+#include "qelvrml/parser/Budget.h"
 #include "qelvrml/parser/CVRMLParser.h"
 #include "qelvrml/platform/brix/polygons/brixComplexPolygon.h"
 #include "qelvrml/platform/brixex/CKelCpGenerator.h"
@@ -80,6 +82,93 @@ public:
   }
 };
 
+// Adds one outline with its holes as triangles that share no points.
+bool AddPiece(CVRMLParser& parser, const brixComplexPolygon& polygon, const brixMatrix4x4& toWorld) {
+  std::unique_ptr<CKelPolyface> face(new (std::nothrow) CKelPolyface);
+  if (!face) return false;
+  brixComplexOutput output;
+  polygon.Evaluate(&output);
+  const std::uint64_t corners = output.Corners.GetSize();
+  const qelvrml::Making making = {.Objects = 1, .Points = corners, .Indices = corners + corners / 3};
+  if (!qelvrml::CanMake(parser, making)) return false;
+  brixFloatPointArray points(static_cast<int>(output.Corners.GetSize()));
+  brixIntArray runs;
+  const std::span<brixFloatPoint> places = points.Edit();
+  for (int i = 0; i < 3 * output.TriangleCount; ++i) {
+    const auto place = static_cast<std::size_t>(i);
+    if (i % 3 == 0) runs.Append(3);
+    runs.Append(i);
+    places[place] = output.Points.View()[static_cast<std::size_t>(output.Corners.View()[place])];
+  }
+  qelvrml::Transform(places, toWorld);
+  face->SetPoints(points, runs, !qelvrml::HasTextures(parser));
+  return parser.AddObjectToSeparator(face.release());
+}
+
+// Inner stretches come first; each stretch around them keeps the points that are still free.
+void CollectLoops(const brixFloatPointArray& points, CKelList& pairs, CKelList& loops) {
+  FreeIndices free(points.GetSize());
+  for (CBasicListElement* element = pairs.GoToFirst(); element; element = element->Next) {
+    const auto& pair = *ItemOf<CVRMLLoopIndexPair>(element);
+    const auto start = static_cast<std::size_t>(pair.GetStart());
+    const std::vector<std::size_t> taken = free.Take(start, static_cast<std::size_t>(pair.GetEnd()));
+    if (taken.size() >= FewestLoopPoints) {
+      auto loop = std::make_unique<brixFloatPointArray>(PointsAt(taken, points));
+      if (loops.AddTail(loop.get())) loop.release();
+    } else if (!taken.empty()) {
+      free.GiveBack(start);
+    }
+  }
+}
+
+bool StartsLater(const CVRMLLoopIndexPair& a, const CVRMLLoopIndexPair& b) {
+  return static_cast<unsigned>(a.GetStart()) > static_cast<unsigned>(b.GetStart());
+}
+
+// Splits the pairs from `first` to `last` by the start of the last one, and gives the place where that one then stands.
+int Partition(std::vector<CVRMLLoopIndexPair>& pairs, int first, int last) {
+  const auto at = [&pairs](int place) -> CVRMLLoopIndexPair& { return pairs[static_cast<std::size_t>(place)]; };
+  const CVRMLLoopIndexPair pivot = at(last);
+  int i = first - 1;
+  int j = last;
+  while (true) {
+    do ++i;
+    while (i < last && StartsLater(at(i), pivot));
+    do --j;
+    while (j > first && StartsLater(pivot, at(j)));
+    if (j <= i) break;
+    std::swap(at(i), at(j));
+  }
+  std::swap(at(i), at(last));
+  return i;
+}
+
+// A quicksort whose steps are settled, for they decide the order of equal starts.
+void SortBySteps(std::vector<CVRMLLoopIndexPair>& pairs) {
+  std::vector<std::pair<int, int>> stretches = {{0, static_cast<int>(pairs.size()) - 1}};
+  while (!stretches.empty()) {
+    const auto [first, last] = stretches.back();
+    stretches.pop_back();
+    if (last <= first) continue;
+    const int middle = Partition(pairs, first, last);
+    stretches.emplace_back(middle + 1, last);
+    stretches.emplace_back(first, middle - 1);
+  }
+}
+
+void SortPairs(std::vector<CVRMLLoopIndexPair>& pairs) {
+  std::vector<CVRMLLoopIndexPair> sorted = pairs;
+  std::stable_sort(sorted.begin(), sorted.end(), StartsLater);
+  const auto equalStarts = [](const auto& a, const auto& b) { return a.GetStart() == b.GetStart(); };
+  const bool told = std::adjacent_find(sorted.begin(), sorted.end(), equalStarts) != sorted.end() &&
+                    pairs.size() <= static_cast<std::size_t>(qelvrml::MaximumPairsSortedBySteps);
+  if (told) {
+    SortBySteps(pairs);
+  } else {
+    pairs = std::move(sorted);
+  }
+}
+
 }  // namespace
 
 bool CVRMLParser::DefineExtrusionCap(int row, int pointsInRow, const brixFloatPointArray& mesh) {
@@ -104,29 +193,9 @@ bool CVRMLParser::DefineExtrusionCap(int row, int pointsInRow, const brixFloatPo
   const brixMatrix4x4 toWorld = GetInverseMatrix(toPlane);
   bool result = false;
   for (CBasicListElement* element = polygons.GoToFirst(); element; element = element->Next) {
-    result = AddCapPiece(*ItemOf<brixComplexPolygon>(element), toWorld) || result;
+    result = AddPiece(*this, *ItemOf<brixComplexPolygon>(element), toWorld) || result;
   }
   return result;
-}
-
-// Adds one outline with its holes as triangles that share no points.
-bool CVRMLParser::AddCapPiece(const brixComplexPolygon& polygon, const brixMatrix4x4& toWorld) {
-  std::unique_ptr<CKelPolyface> face(new (std::nothrow) CKelPolyface);
-  if (!face) return false;
-  brixComplexOutput output;
-  polygon.Evaluate(&output);
-  brixFloatPointArray points(static_cast<int>(output.Corners.GetSize()));
-  brixIntArray runs;
-  const std::span<brixFloatPoint> places = points.Edit();
-  for (int i = 0; i < 3 * output.TriangleCount; ++i) {
-    const auto place = static_cast<std::size_t>(i);
-    if (i % 3 == 0) runs.Append(3);
-    runs.Append(i);
-    places[place] = output.Points.View()[static_cast<std::size_t>(output.Corners.View()[place])];
-  }
-  qelvrml::Transform(places, toWorld);
-  face->SetPoints(points, runs, !HasTextures());
-  return AddObjectToSeparator(face.release());
 }
 
 bool CVRMLParser::DetermineLoopsFromPoints(brixFloatPointArray& points, CKelList& loops) {
@@ -148,22 +217,6 @@ bool CVRMLParser::DetermineLoopsFromPoints(brixFloatPointArray& points, CKelList
   return loops.GetCount() > 0;
 }
 
-// Inner stretches come first; each stretch around them keeps the points that are still free.
-void CVRMLParser::CollectLoops(const brixFloatPointArray& points, CKelList& pairs, CKelList& loops) {
-  FreeIndices free(points.GetSize());
-  for (CBasicListElement* element = pairs.GoToFirst(); element; element = element->Next) {
-    const auto& pair = *ItemOf<CVRMLLoopIndexPair>(element);
-    const auto start = static_cast<std::size_t>(pair.GetStart());
-    const std::vector<std::size_t> taken = free.Take(start, static_cast<std::size_t>(pair.GetEnd()));
-    if (taken.size() >= FewestLoopPoints) {
-      auto loop = std::make_unique<brixFloatPointArray>(PointsAt(taken, points));
-      if (loops.AddTail(loop.get())) loop.release();
-    } else if (!taken.empty()) {
-      free.GiveBack(start);
-    }
-  }
-}
-
 bool CVRMLParser::CreateIndexPair(CKelList& pairs, int first, int second) {
   if (first == second) return false;
   std::unique_ptr<CVRMLLoopIndexPair> pair(new (std::nothrow) CVRMLLoopIndexPair);
@@ -181,10 +234,7 @@ void CVRMLParser::SortIndexPairList(CKelList& pairs, int first, int last) {
   for (int i = first; i <= last; ++i) {
     if (const auto* pair = static_cast<CVRMLLoopIndexPair*>(pairs.GetAt(i))) values.push_back(*pair);
   }
-  const auto startsLater = [](const CVRMLLoopIndexPair& a, const CVRMLLoopIndexPair& b) {
-    return static_cast<unsigned>(a.GetStart()) > static_cast<unsigned>(b.GetStart());
-  };
-  std::stable_sort(values.begin(), values.end(), startsLater);
+  SortPairs(values);
   auto value = values.begin();
   for (int i = first; i <= last; ++i) {
     if (auto* pair = static_cast<CVRMLLoopIndexPair*>(pairs.GetAt(i))) *pair = *value++;

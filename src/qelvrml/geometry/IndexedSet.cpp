@@ -7,12 +7,17 @@
 #include <new>
 
 #include "qelvrml/dictionary/CVRMLDictionaryGeometry.h"
-#include "qelvrml/parser/CVRMLParser.h"
+#include "qelvrml/dictionary/Recording.h"
+#include "qelvrml/geometry/TexturesInUse.h"
+#include "qelvrml/parser/Budget.h"
+#include "qelvrml/parser/NodeReader.h"
 #include "qelvrml/platform/brix/brixRunList.h"
 #include "qelvrml/platform/brixex/shapes/CKelPolyface.h"
 #include "qelvrml/platform/brixex/shapes/CKelPolygon.h"
 #include "qelvrml/platform/brixex/shapes/CKelPolyline.h"
-#include "qelvrml/platform/brixex/textures/CKelTextureManager.h"
+#include "qelvrml/scene/Scopes.h"
+
+using qelvrml::NodeReader;
 
 namespace {
 
@@ -48,6 +53,41 @@ brixIntArray SoundRuns(const brixIntArray& runs, unsigned pointCount) {
   return result;
 }
 
+// All faces as one object.
+bool AddFaces(CVRMLParser& parser, const brixFloatPointArray& points, const brixIntArray& runs) {
+  constexpr unsigned FewestPoints = 3;
+  if (points.GetSize() < FewestPoints) return false;
+  if (!qelvrml::CanMake(parser, {.Objects = 1, .Points = points.GetSize()})) return false;
+  std::unique_ptr<CKelPolyface> face(new (std::nothrow) CKelPolyface);
+  if (!face) return false;
+  face->SetPoints(points, SoundRuns(runs, points.GetSize()), !qelvrml::HasTextures(parser));
+  face->ApplyMatrixToGeometry(parser.GetCurrentSeparator()->GetTransformation(), brixTrue, true);
+  return parser.AddObjectToSeparator(face.release());
+}
+
+// An object for each run: a polygon or a line, with the set's material or the one of its part.
+bool AddParts(CVRMLParser& parser, bool isFaceSet, bool perPart, const brixFloatPointArray& points,
+              const brixIntArray& runs) {
+  std::uint64_t parts = 0;
+  for (const brixRun& run : brixRunList(runs)) parts += IsInside(run.Indices, points.GetSize()) ? 1 : 0;
+  if (!qelvrml::CanMake(parser, {.Objects = parts, .Points = runs.GetSize() - parts})) return false;
+
+  bool result = false;
+  int part = -1;
+  for (const brixRun& run : brixRunList(runs)) {
+    ++part;
+    if ((perPart && run.Indices.empty()) || !IsInside(run.Indices, points.GetSize())) continue;
+    std::unique_ptr<CKelPolyline> line(isFaceSet ? new (std::nothrow) CKelPolygon : new (std::nothrow) CKelPolyline);
+    if (!line) continue;
+    line->SetPolyline(PointsOf(run.Indices, points), isFaceSet);
+    line->ApplyMatrixToGeometry(parser.GetCurrentSeparator()->GetTransformation(), brixTrue);
+    const auto count = static_cast<int>(run.Indices.size());
+    result = perPart ? parser.AddObjectToSeparator(line.release(), part, run.First, count)
+                     : parser.AddObjectToSeparator(line.release());
+  }
+  return result;
+}
+
 }  // namespace
 
 bool CVRMLParser::ParseIndexedSet() {
@@ -65,13 +105,14 @@ bool CVRMLParser::ParseIndexedSet() {
   };
   CurrentSeparator->ClearMaterialIndex();
   CurrentSeparator->ClearVertexIndex();
-  StepOver({VRMLTokenOpenBrace, VRMLTokenINDEXEDFACESET, VRMLTokenINDEXEDLINESET});
-  WhileInNode([&](VRMLTokenTypes keyword) {
+  NodeReader reader(*this);
+  reader.StepOver({VRMLTokenOpenBrace, VRMLTokenINDEXEDFACESET, VRMLTokenINDEXEDLINESET});
+  reader.WhileInNode([&](VRMLTokenTypes keyword) {
     switch (keyword) {
       case VRMLTokenCOORDINDEX:
       case VRMLTokenMATERIALINDEX:
         Tokenize();
-        result = ParseRunList(keyword == VRMLTokenCOORDINDEX ? coordIndex : materialIndex);
+        result = reader.TakeRunList(keyword == VRMLTokenCOORDINDEX ? coordIndex : materialIndex);
         break;
       case VRMLTokenNORMALINDEX:
         Tokenize();
@@ -87,7 +128,7 @@ bool CVRMLParser::ParseIndexedSet() {
         break;
       default: Tokenize(); break;
     }
-    EntityName.Empty();
+    qelvrml::LeaveObjectsUnnamed(*this);
   });
   if (result) result = DefineIndexedSet(isFaceSet, coordIndex, materialIndex, brixIntArray());
   if (!CurrentSeparator) return result;  // a nested node may have closed the scope
@@ -100,6 +141,7 @@ bool CVRMLParser::ParseIndexedSet() {
 bool CVRMLParser::DefineIndexedSet(bool isFaceSet, const brixIntArray& coordIndex, const brixIntArray& materialIndex,
                                    const brixIntArray& normalIndex) {
   if (!CurrentSeparator) return false;
+  if (!qelvrml::CanMake(*this, {.Indices = coordIndex.GetSize()})) return false;
   brixFloatPointArray points = CurrentSeparator->GetVertices();
   brixIntArray runs = coordIndex;
   CVRMLSeparator::CompactVertices(points, runs);
@@ -108,48 +150,14 @@ bool CVRMLParser::DefineIndexedSet(bool isFaceSet, const brixIntArray& coordInde
   CurrentSeparator->SetNormalIndex(normalIndex);
 
   const bool whole = IsWholeSet(CurrentSeparator->GetMaterialBinding());
-  const bool result = whole && isFaceSet ? DefineFaces(points, runs) : DefineParts(isFaceSet, !whole, points, runs);
+  const bool result =
+      whole && isFaceSet ? AddFaces(*this, points, runs) : AddParts(*this, isFaceSet, !whole, points, runs);
   if (!result) return false;
-  Record<CVRMLDictionaryIndexedSet>([&](auto& entry) {
+  qelvrml::Record<CVRMLDictionaryIndexedSet>(*this, [&](auto& entry) {
     entry.SetCoordIndex(coordIndex);
     entry.SetMaterialIndex(materialIndex);
     entry.SetNormalIndex(normalIndex);
     entry.SetIsFaceSet(isFaceSet);
   });
   return true;
-}
-
-// All faces as one object.
-bool CVRMLParser::DefineFaces(const brixFloatPointArray& points, const brixIntArray& runs) {
-  constexpr unsigned FewestPoints = 3;
-  if (points.GetSize() < FewestPoints) return false;
-  std::unique_ptr<CKelPolyface> face(new (std::nothrow) CKelPolyface);
-  if (!face) return false;
-  face->SetPoints(points, SoundRuns(runs, points.GetSize()), !HasTextures());
-  face->ApplyMatrixToGeometry(CurrentSeparator->GetTransformation(), brixTrue, true);
-  return AddObjectToSeparator(face.release());
-}
-
-// An object for each run: a polygon or a line, with the set's material or the one of its part.
-bool CVRMLParser::DefineParts(bool isFaceSet, bool perPart, const brixFloatPointArray& points,
-                              const brixIntArray& runs) {
-  bool result = false;
-  int part = -1;
-  for (const brixRun& run : brixRunList(runs)) {
-    ++part;
-    if ((perPart && run.Indices.empty()) || !IsInside(run.Indices, points.GetSize())) continue;
-    std::unique_ptr<CKelPolyline> line(isFaceSet ? new (std::nothrow) CKelPolygon : new (std::nothrow) CKelPolyline);
-    if (!line) continue;
-    line->SetPolyline(PointsOf(run.Indices, points), isFaceSet);
-    line->ApplyMatrixToGeometry(CurrentSeparator->GetTransformation(), brixTrue);
-    const auto count = static_cast<int>(run.Indices.size());
-    result =
-        perPart ? AddObjectToSeparator(line.release(), part, run.First, count) : AddObjectToSeparator(line.release());
-  }
-  return result;
-}
-
-bool CVRMLParser::HasTextures() const {
-  const CKelTextureManager* manager = GetTextureManager();
-  return manager && manager->GetNumberTextures() > 0;
 }

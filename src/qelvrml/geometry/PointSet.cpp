@@ -6,8 +6,10 @@
 #include <new>
 
 #include "qelvrml/dictionary/CVRMLDictionaryGeometry.h"
+#include "qelvrml/dictionary/Recording.h"
 #include "qelvrml/foundation/CutToInt.h"
-#include "qelvrml/parser/CVRMLParser.h"
+#include "qelvrml/parser/Budget.h"
+#include "qelvrml/parser/NodeReader.h"
 #include "qelvrml/platform/brix/solids/brixDot.h"
 
 bool CVRMLParser::ParsePointSet() {
@@ -15,16 +17,17 @@ bool CVRMLParser::ParsePointSet() {
 
   double startIndex = 0.0;
   double numPoints = -1.0;
-  StepOver({VRMLTokenOpenBrace, VRMLTokenPOINTSET});
+  qelvrml::NodeReader reader(*this);
+  reader.StepOver({VRMLTokenOpenBrace, VRMLTokenPOINTSET});
   // A nested node ends its pass: ParseBlock has stepped behind it.
-  for (bool more = true; more && GetCurrentTokenType() != VRMLTokenCloseBrace;) {
-    switch (GetCurrentTokenType()) {
+  for (bool more = true; more && !reader.Is(VRMLTokenCloseBrace);) {
+    switch (reader.Current()) {
       case VRMLTokenSTARTINDEX:
-        TakeNumber(startIndex);
+        reader.TakeNumber(startIndex);
         more = Tokenize();
         break;
       case VRMLTokenNUMPOINTS:
-        TakeNumber(numPoints);
+        reader.TakeNumber(numPoints);
         more = Tokenize();
         break;
       case VRMLTokenCOORD:
@@ -45,6 +48,8 @@ bool CVRMLParser::DefinePointSet(int startIndex, int numPoints) {
   const int lastIndex = static_cast<int>(points.GetSize()) - 1;
   const int first = std::clamp(startIndex, 0, lastIndex);
   const auto last = static_cast<int>(std::min<std::int64_t>(std::int64_t{first} + numPoints - 1, lastIndex));
+  const auto count = static_cast<std::uint64_t>(last - first + 1);
+  if (!qelvrml::CanMake(*this, {.Objects = count, .Points = count})) return false;
   for (int i = first; i <= last; ++i) {
     std::unique_ptr<brixDot> dot(new (std::nothrow) brixDot);
     if (!dot) continue;
@@ -52,7 +57,7 @@ bool CVRMLParser::DefinePointSet(int startIndex, int numPoints) {
     dot->ApplyMatrixToGeometry(CurrentSeparator->GetTransformation(), brixTrue);
     AddObjectToSeparator(dot.release());
   }
-  Record<CVRMLDictionaryPointSet>([&](auto& entry) {
+  qelvrml::Record<CVRMLDictionaryPointSet>(*this, [&](auto& entry) {
     entry.SetStartIndex(first);
     entry.SetNumPoints(last - first + 1);
   });

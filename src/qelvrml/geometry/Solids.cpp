@@ -4,9 +4,13 @@
 #include <new>
 
 #include "qelvrml/dictionary/CVRMLDictionarySolids.h"
-#include "qelvrml/parser/CVRMLParser.h"
+#include "qelvrml/dictionary/Recording.h"
+#include "qelvrml/parser/Budget.h"
+#include "qelvrml/parser/NodeReader.h"
 #include "qelvrml/platform/brix/solids/brixBox.h"
 #include "qelvrml/platform/brix/solids/brixSphere.h"
+
+using qelvrml::NodeReader;
 
 bool CVRMLParser::ParseCube() {
   if (!CurrentSeparator) return false;
@@ -14,11 +18,12 @@ bool CVRMLParser::ParseCube() {
   double width = 2.0;
   double height = 2.0;
   double depth = 2.0;
-  StepOver({VRMLTokenOpenBrace, VRMLTokenCUBE});
-  ForEachField([&](VRMLTokenTypes keyword) {
-    if (keyword == VRMLTokenWIDTH) TakeNumber(width);
-    if (keyword == VRMLTokenHEIGHT) TakeNumber(height);
-    if (keyword == VRMLTokenDEPTH) TakeNumber(depth);
+  NodeReader reader(*this);
+  reader.StepOver({VRMLTokenOpenBrace, VRMLTokenCUBE});
+  reader.ForEachField([&](VRMLTokenTypes keyword) {
+    if (keyword == VRMLTokenWIDTH) reader.TakeNumber(width);
+    if (keyword == VRMLTokenHEIGHT) reader.TakeNumber(height);
+    if (keyword == VRMLTokenDEPTH) reader.TakeNumber(depth);
   });
   return DefineCube(width, height, depth);
 }
@@ -29,18 +34,19 @@ bool CVRMLParser::ParseBox() {
   double width = 2.0;
   double height = 2.0;
   double depth = 2.0;
-  StepOver({VRMLTokenOpenBrace, VRMLTokenBOX});
-  ForEachField([&](VRMLTokenTypes keyword) {
+  NodeReader reader(*this);
+  reader.StepOver({VRMLTokenOpenBrace, VRMLTokenBOX});
+  reader.ForEachField([&](VRMLTokenTypes keyword) {
     if (keyword != VRMLTokenSIZE) return;
-    TakeNumber(width);
-    TakeNumber(height);
-    TakeNumber(depth);
+    reader.TakeNumber(width);
+    reader.TakeNumber(height);
+    reader.TakeNumber(depth);
   });
   return DefineCube(width, height, depth);
 }
 
 bool CVRMLParser::DefineCube(double width, double height, double depth) {
-  if (!CurrentSeparator) return false;
+  if (!CurrentSeparator || !qelvrml::CanMake(*this, {.Objects = 1, .Points = brixBox::CornerCount})) return false;
   const auto w = static_cast<float>(width / 2.0);
   const auto h = static_cast<float>(height / 2.0);
   const auto d = static_cast<float>(depth / 2.0);
@@ -57,7 +63,7 @@ bool CVRMLParser::DefineCube(double width, double height, double depth) {
   if (!box) return false;
   box->SetBox(corners);
   const bool placed = AddObjectToSeparator(box.release());
-  Record<CVRMLDictionaryCube>([&](auto& entry) {
+  qelvrml::Record<CVRMLDictionaryCube>(*this, [&](auto& entry) {
     entry.SetWidth(width);
     entry.SetHeight(height);
     entry.SetDepth(depth);
@@ -69,9 +75,10 @@ bool CVRMLParser::ParseSphere() {
   if (!CurrentSeparator) return false;
 
   double radius = 1.0;
-  StepOver({VRMLTokenOpenBrace, VRMLTokenSPHERE});
-  ForEachField([&](VRMLTokenTypes keyword) {
-    if (keyword == VRMLTokenRADIUS) TakeNumber(radius);
+  NodeReader reader(*this);
+  reader.StepOver({VRMLTokenOpenBrace, VRMLTokenSPHERE});
+  reader.ForEachField([&](VRMLTokenTypes keyword) {
+    if (keyword == VRMLTokenRADIUS) reader.TakeNumber(radius);
   });
   return DefineSphere(radius);
 }
@@ -79,7 +86,7 @@ bool CVRMLParser::ParseSphere() {
 bool CVRMLParser::DefineSphere(double radius) {
   constexpr float WholeTurn = 6.283186F;
   constexpr float HalfTurn = 3.141593F;
-  if (!CurrentSeparator) return false;
+  if (!CurrentSeparator || !qelvrml::CanMake(*this, {.Objects = 1})) return false;
 
   std::unique_ptr<brixSphere> sphere(new (std::nothrow) brixSphere);
   if (!sphere) return false;
@@ -87,6 +94,6 @@ bool CVRMLParser::DefineSphere(double radius) {
                     HalfTurn);
   sphere->SetXformation(CurrentSeparator->GetTransformation());
   const bool placed = AddObjectToSeparator(sphere.release());
-  Record<CVRMLDictionarySphere>([&](auto& entry) { entry.SetRadius(radius); });
+  qelvrml::Record<CVRMLDictionarySphere>(*this, [&](auto& entry) { entry.SetRadius(radius); });
   return placed;
 }

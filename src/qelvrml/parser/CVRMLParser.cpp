@@ -6,8 +6,12 @@
 #include "qelvrml/dictionary/CVRMLDictionaryEntry.h"
 #include "qelvrml/foundation/CBasicListIterator.h"
 #include "qelvrml/foundation/CutToInt.h"
+#include "qelvrml/foundation/ScopedValue.h"
+#include "qelvrml/parser/LoadState.h"
+#include "qelvrml/platform/brixex/NameIndexedList.h"
 #include "qelvrml/platform/brixex/brixMatrixFunctions.h"
 #include "qelvrml/prototypes/CVRMLPrototype.h"
+#include "qelvrml/prototypes/PrototypeNames.h"
 
 namespace {
 
@@ -31,9 +35,26 @@ std::optional<std::uint32_t> KeyOfEntry(void* data) {
 
 std::optional<std::uint32_t> KeyOfPrototype(void* data) { return static_cast<CVRMLPrototype*>(data)->GetNameHash(); }
 
+// Scopes that an earlier load has left open mustn't lead into a world that may be gone by now, whoever has set the
+// parser's world since: from the outermost on, each leads into the group of its own or of the one around it.
+void LeadOpenSeparatorsInto(CKelWorld* world, CKelList& stack) {
+  brixBaseGroup* around = world;
+  for (CBasicListElement* element = stack.GetTailElement(); element; element = element->Previous) {
+    auto* separator = static_cast<CVRMLSeparator*>(element->Data);
+    if (separator->GetCreatedGroup()) {
+      around = separator->GetGroup();
+    } else {
+      separator->SetGroup(around);
+    }
+  }
+}
+
 }  // namespace
 
-CVRMLParser::CVRMLParser() : ObjectDictionary(KeyOfEntry), PrototypeDictionary(KeyOfPrototype) {
+CVRMLParser::CVRMLParser()
+    : ObjectDictionary(std::make_unique<qelvrml::NameIndexedList>(KeyOfEntry)),
+      PrototypeDictionary(std::make_unique<qelvrml::NameIndexedList>(KeyOfPrototype)),
+      Load(std::make_unique<qelvrml::LoadState>()) {
   InitializeVariables();
 }
 
@@ -85,13 +106,11 @@ void CVRMLParser::InitializeVariables() {
 }
 
 VRMLLoadResultTypes CVRMLParser::Parse(CKelWorld* world, const CBasicString& file) {
-  ReplaceWorldOfOpenSeparators(World, world);
+  if (Load->Running) return VRMLLoadFailed;  // a callback's: the load around it goes on
+  const qelvrml::LoadRun run(*this);
+  LeadOpenSeparatorsInto(world, SeparatorStack);
   SetWorld(world);
-  ReplayCost = 0;
-  Subfiles = 0;
   MissingFiles.clear();
-  MissingFileNames.clear();
-  MissingTextures.clear();
   // No temporary file outlives the load, however it ends.
   const std::unique_ptr<CVRMLParser, void (*)(CVRMLParser*)> cleaner(
       this, [](CVRMLParser* parser) { parser->DestroyTemporaryFile(); });
@@ -103,8 +122,9 @@ VRMLLoadResultTypes CVRMLParser::Parse(CKelWorld* world, const CBasicString& fil
 
 VRMLLoadResultTypes CVRMLParser::ReadScene() {
   VRMLLoadResultTypes result = VRMLLoadFailed;
-  FilesBeingRead = {IOManager.GetFileInterface().GetIdentity()};
-  DefineSeparator();
+  Load->FilesBeingRead = {IOManager.GetFileInterface().GetIdentity()};
+  Load->Made.AddInput(static_cast<std::uint64_t>(IOManager.GetTotalFileSize()));
+  OpenRoot();
   while (GetCurrentTokenType() != VRMLTokenEndOfFile) {
     if (ParseBlock()) result = VRMLLoadOK;
   }
@@ -115,12 +135,11 @@ VRMLLoadResultTypes CVRMLParser::ReadScene() {
   return result;
 }
 
-// Scopes that an earlier load has left open mustn't lead into a world that may be gone by now.
-void CVRMLParser::ReplaceWorldOfOpenSeparators(const CKelWorld* old, CKelWorld* world) {
-  for (CBasicListElement* element = SeparatorStack.GoToFirst(); element; element = SeparatorStack.GoToNext()) {
-    auto* separator = static_cast<CVRMLSeparator*>(element->Data);
-    if (separator->GetGroup() == old) separator->SetGroup(world);
-  }
+// The root of a load is the world's scope, whatever name or recording an earlier load has left.
+void CVRMLParser::OpenRoot() {
+  const qelvrml::ScopedValue<CBasicString> noName(EntityName, CBasicString());
+  const qelvrml::ScopedValue<bool> noEntry(AllowDictionaryUpdate, false);
+  if (DefineSeparator()) CurrentSeparator->SetGroup(World);
 }
 
 void CVRMLParser::DetermineUnits() {
@@ -160,28 +179,17 @@ bool CVRMLParser::RestoreIOState(const CGenericIOState& state) {
 }
 
 brixMatrix4x4 CVRMLParser::CreateBaseTranslationMatrix() {
-  constexpr double QuarterTurn = -1.5707964897155762;  // in single precision, as it has always been
+  constexpr double QuarterTurn = -1.5707964897155762;  // the quarter turn of hosts: pi / 2 rounded to single precision
   return CreateRotationMatrixForNormalAngle({1.0F, 0.0F, 0.0F}, QuarterTurn);
 }
 
 bool CVRMLParser::Tokenize() {
   if (!IOManager.Tokenize()) return false;
-  MarkPrototypeNames();
+  qelvrml::MarkPrototypeNames(*this);
   UpdateStatus();
   return true;
 }
 
 void CVRMLParser::MoveUpToInterestingToken() {
   while (GetCurrentTokenType() == VRMLTokenUnknown) Tokenize();
-}
-
-void CVRMLParser::StepOver(std::initializer_list<VRMLTokenTypes> types) {
-  while (std::find(types.begin(), types.end(), GetCurrentTokenType()) != types.end()) {
-    if (!Tokenize()) break;
-  }
-}
-
-bool CVRMLParser::AtNodeEnd() const {
-  const VRMLTokenTypes type = GetCurrentTokenType();
-  return type == VRMLTokenCloseBrace || type == VRMLTokenEndOfFile;
 }

@@ -1,11 +1,6 @@
 #pragma once
 
-#include <cstdint>
-#include <initializer_list>
 #include <memory>
-#include <new>
-#include <string>
-#include <unordered_set>
 #include <vector>
 
 #include "qelvrml/foundation/CBasicString.h"
@@ -19,16 +14,16 @@
 #include "qelvrml/platform/brix/brixVector.h"
 #include "qelvrml/platform/brixex/CKelList.h"
 #include "qelvrml/platform/brixex/CKelWorld.h"
-#include "qelvrml/platform/brixex/NameIndexedList.h"
 #include "qelvrml/platform/genparse/CGenericIOState.h"
 #include "qelvrml/scene/CVRMLSeparator.h"
 #include "qelvrml/scene/VRMLBindingTypes.h"
 
 namespace qelvrml {
-class TemporaryFile;
+class NameIndexedList;
+struct LoadState;
+struct ParserInternals;
 }  // namespace qelvrml
 
-class brixComplexPolygon;
 class CVRMLDictionaryEntry;
 class CVRMLPrototype;
 
@@ -52,7 +47,8 @@ public:
 
   CVRMLParser();
   CVRMLParser(CKelWorld* world, const CBasicString& file);
-  /// Copies everything but the open separators, the DEF names and the prototypes, which stay with their owner.
+  /// Copies the fields. The open separators, the DEF names and the prototypes stay with their owner: a copy has none of
+  /// its own, and its current separator is the original's, good only as long as that lives.
   CVRMLParser(const CVRMLParser& other);
   CVRMLParser& operator=(const CVRMLParser& other);
   ~CVRMLParser();
@@ -128,15 +124,15 @@ public:
   bool GetSkippingBlock() const { return SkippingBlock; }
   void SetSkippingBlock(bool skipping) { SkippingBlock = skipping; }
   // Nodes that are read and dropped.
-  bool ParseAsciiText() { return PassOverNode(); }
-  bool ParseCallback() { return PassOverNode(); }
-  bool ParseFontStyle() { return PassOverNode(); }
-  bool ParseShapeHints() { return PassOverNode(); }
-  bool ParseOrthographicCamera() { return PassOverNode(); }
-  bool ParsePerspectiveCamera() { return PassOverNode(); }
-  bool ParseDirectionalLight() { return PassOverNode(); }
-  bool ParsePointLight() { return PassOverNode(); }
-  bool ParseSpotLight() { return PassOverNode(); }
+  bool ParseAsciiText();
+  bool ParseCallback();
+  bool ParseFontStyle();
+  bool ParseShapeHints();
+  bool ParseOrthographicCamera();
+  bool ParsePerspectiveCamera();
+  bool ParseDirectionalLight();
+  bool ParsePointLight();
+  bool ParseSpotLight();
   bool ParseInfo();
 
   // --- Field values. All give true if anything usable was read.
@@ -202,7 +198,7 @@ public:
   // --- Dictionary
 
   /// All entries, oldest first.
-  CKelList* GetObjectDictionary() { return &ObjectDictionary; }
+  CKelList* GetObjectDictionary();
   /// Takes an entry over; an older one of the same name goes. False, and the entry is destroyed, while a block is
   /// skipped.
   bool AddDictionaryObject(CVRMLDictionaryEntry* entry);
@@ -319,7 +315,7 @@ public:
   // --- Prototypes
 
   /// All prototypes, in the order of their declaration.
-  CKelList* GetPrototypeDictionary() { return &PrototypeDictionary; }
+  CKelList* GetPrototypeDictionary();
   /// The first prototype whose name has the hash of `name`; null if there is none.
   CVRMLPrototype* FindPrototype(const CBasicString& name);
   CVRMLPrototype* FindPrototype(const char* name);
@@ -355,8 +351,9 @@ protected:
   bool DetermineIfFileIsZip(const CBasicString& path);
   bool DecompressGZipFile(const CBasicString& path);
   bool DecompressPKZipFile(const CBasicString& path);
-  /// Creates a temporary file and gives its name; empty if that isn't possible.
-  static CBasicString CreateTemporaryFilename(qelvrml::TemporaryFile& file);
+  /// Creates a temporary file, which this parser holds open for writing, and gives its name; empty if that isn't
+  /// possible.
+  CBasicString CreateTemporaryFilename();
   /// Removes the temporary file; true if there was one.
   bool DestroyTemporaryFile();
   CBasicString& GetTemporaryFilename() { return TemporaryFilename; }
@@ -375,163 +372,19 @@ protected:
   static bool FileExists(const CBasicString& path);
 
 private:
-  // Steps that all node parsers share.
+  friend struct qelvrml::ParserInternals;
 
-  /// Passes over tokens of these types.
-  void StepOver(std::initializer_list<VRMLTokenTypes> types);
-  /// Steps onto the next token and takes its value if it is of the right type.
-  void TakeNumber(double& value);
-  /// Takes the current token's value if it is a number.
-  bool TakeNumberHere(double& value);
-  bool ReadNumbers(std::initializer_list<float*> values);
-  void TakeBoolean(bool& value);
-  /// Takes the current token's value and steps on, if it is a number.
-  bool TakeNumberAndStep(float& value);
-  bool AtNodeEnd() const;
-  /// Calls `handle` for each token up to the node's }; a keyword's handler leaves the last token of its value current.
-  template <class Handler>
-  void ForEachField(Handler handle) {
-    while (GetCurrentTokenType() != VRMLTokenCloseBrace) {
-      handle(GetCurrentTokenType());
-      if (!Tokenize()) break;
-    }
-  }
-  /// The same for handlers that may stop on the node's } themselves: it is never stepped over.
-  template <class Handler>
-  void ForEachFieldUpToEnd(Handler handle) {
-    while (GetCurrentTokenType() != VRMLTokenCloseBrace) {
-      handle(GetCurrentTokenType());
-      if (GetCurrentTokenType() != VRMLTokenCloseBrace && !Tokenize()) break;
-    }
-  }
-  /// Calls `handle` until the node's } or the end of the input; it moves on by itself, by at least one token.
-  template <class Handler>
-  void WhileInNode(Handler handle) {
-    while (!AtNodeEnd()) handle(GetCurrentTokenType());
-  }
-  /// Reads the statements of a list up to its ]; true if one of them gave true.
-  bool ParseBlocksUpToBracket();
-
-  /// Records an entry under the DEF name at hand, if one is called for; `fill` copies the values into it.
-  template <class Entry, class Fill>
-  void Record(Fill fill) {
-    if (!GetDefiningObjects()) return;
-    std::unique_ptr<Entry> entry(new (std::nothrow) Entry);
-    if (!entry) return;
-    entry->SetName(EntityName);
-    fill(*entry);
-    AddDictionaryObject(entry.release());
-  }
-  /// Places an object through one of the forms of CVRMLSeparator::AddObject.
-  template <class... Choice>
-  bool PlaceObject(brixBaseObject* object, Choice... choice) {
-    std::unique_ptr<brixBaseObject> owned(object);
-    if (!object) return false;
-    if (!CanAddObjectToSeparator()) return true;
-    SetupObjectAdd(object);
-    if (!CurrentSeparator->AddObject(object, choice...)) return false;
-    owned.release();
-    return true;
-  }
-
-  // Dispatch.
-
-  using NodeParser = bool (CVRMLParser::*)();
-  struct NodeTable;
-  void ReadDefinedName();
-  bool Dispatch(bool& result, int& depth);
-  bool ParseGroupKeyword(int& depth);
-  bool PassOverNode();
-  bool PassOverUnopened();
-  bool StepOverPassedStretch(bool& result);
-  void PassOverStatement();
-  bool SkipNode();
-  bool TrySkipByParsing();
-  bool AtOpenSeparatorLimit();
-
-  // Loading.
-
-  void ReplaceWorldOfOpenSeparators(const CKelWorld* old, CKelWorld* world);
   VRMLLoadResultTypes ReadScene();
-
-  // Separators.
-
-  bool DefineNodeSeparator();
-  void ClearDefinedName();
-  void HandGroupOn(CVRMLSeparator& closing, const CVRMLSeparator* parent);
-  CVRMLSeparator* FindOpenSeparator(std::uint64_t serial);
-
-  // Grouping nodes.
-
-  void StepToOpenBrace();
-  void ParseNodeOrList(bool& result);
-  bool ParseShapeGeometry();
-  bool OpenGeometryScope();
-  void ParseChosenChild(int chosen);
-  bool ParseCollisionField(bool& result);
-
-  // Prototypes and files.
-
-  void MarkPrototypeNames();
-  void ParseInterface(CVRMLPrototype& prototype);
-  void ParseInterfaceField(CVRMLPrototype& prototype);
-  void ReadExpandedText(const char* text, int length, bool recorded);
-  CBasicString TakeFirstUrl();
-  bool ReadSubfile(CVRMLIOManager& subfile);
-  void NoteMissingFile(const CBasicString& path);
+  void OpenRoot();
   template <class Unpack>
   bool DecompressFile(const CBasicString& path, Unpack unpack);
-
-  // Textures.
-
-  struct PixelImage;
-  bool TakeWrap(VRMLTokenTypes keyword, TextureWrapTypes& wrapS, TextureWrapTypes& wrapT);
-  int FindOrLoadTexture(const CBasicString& url);
-  CBasicString FindTextureBesideScene(const CBasicString& url);
-  void ParseImageField(PixelImage& image, CKelTexture* texture);
-
-  // Dictionary.
-
-  std::uint64_t CountCopies(CVRMLDictionaryEntry& entry) const;
-  bool SpendReplayCost(std::uint64_t cost);
-  bool ReplayEntry(CVRMLDictionaryEntry& entry);
-  bool ReplaySeparator(CVRMLDictionarySeparator& entry);
-  CVRMLDictionarySeparator* GetRecordingEntry() const;
-
-  // Field values.
-
-  template <class Point, class Array>
-  bool ParsePoints(Array& array, bool (CVRMLParser::*parseOne)(Point&));
-  template <class TakeIndex, class EndRun>
-  bool ReadIndices(TakeIndex takeIndex, EndRun endRun);
-  bool ParseRunList(brixIntArray& runs);
-  bool ParseIndices(brixIntArray& indices);
-
-  // Transformations and indexed sets.
-
-  struct TransformFields;
-  bool ReadAndDefineTransform(CGenericIOState& children);
-  bool ReadTransformChildren(const CGenericIOState& children, bool result);
-  void PassOverChildren(CGenericIOState& children);
-  brixMatrix4x4 TakeRotation();
-  void ReadPointField(std::initializer_list<VRMLTokenTypes> keywords, brixFloatPoint& point);
-  void AddCylinderDisks(double radius, double height, const brixMatrix4x4& placement);
-  bool DefineFaces(const brixFloatPointArray& points, const brixIntArray& runs);
-  bool DefineParts(bool isFaceSet, bool perPart, const brixFloatPointArray& points, const brixIntArray& runs);
-  bool HasTextures() const;
-  template <class PointAt>
-  bool AddGridMesh(int columns, int rows, PointAt pointAt);
-  template <class PointAt>
-  bool AddGridLines(int columns, int rows, PointAt pointAt);
-  bool AddCapPiece(const brixComplexPolygon& polygon, const brixMatrix4x4& toWorld);
-  static void CollectLoops(const brixFloatPointArray& points, CKelList& pairs, CKelList& loops);
 
   CKelWorld* World = nullptr;
   CVRMLSeparator* CurrentSeparator = nullptr;
   CVRMLIOManager IOManager;
   CKelList SeparatorStack;
-  qelvrml::NameIndexedList ObjectDictionary;
-  qelvrml::NameIndexedList PrototypeDictionary;
+  std::unique_ptr<qelvrml::NameIndexedList> ObjectDictionary;     ///< never null
+  std::unique_ptr<qelvrml::NameIndexedList> PrototypeDictionary;  ///< never null
   bool DefinedEntity = false;
   CBasicString EntityName;
   bool AllowDictionaryUpdate = true;
@@ -543,13 +396,6 @@ private:
   CBasicString TemporaryFilename;
   int LastWarning = 0;
 
-  std::vector<CBasicString> MissingFiles;
-  std::unordered_set<std::u16string> MissingFileNames;
-  std::unordered_set<std::u16string> MissingTextures;  ///< URLs of images that weren't found in this load
-  std::vector<qelvrml::FileIdentity> FilesBeingRead;   ///< the main file, then the subfiles inside one another
-  int Subfiles = 0;                                    ///< asked for in this load
-  int Expansions = 0;                                  ///< prototypes expanded inside one another
-  int Nesting = 0;                                     ///< ParseBlock calls inside one another
-  std::uint64_t ReplayCost = 0;                        ///< spent in this load
-  std::uint64_t LastSerial = 0;                        ///< of the newest separator
+  std::vector<CBasicString> MissingFiles;    ///< of the last load
+  std::unique_ptr<qelvrml::LoadState> Load;  ///< what one load knows; never null
 };

@@ -5,94 +5,103 @@
 
 #include "qelvrml/foundation/CBasicListIterator.h"
 #include "qelvrml/foundation/CutToInt.h"
-#include "qelvrml/parser/CVRMLParser.h"
+#include "qelvrml/parser/NodeReader.h"
 
-bool CVRMLParser::TakeNumberHere(double& value) {
-  if (GetCurrentTokenType() != VRMLTokenNumber) return false;
-  value = GetCurrentTokenNumericValue();
-  return true;
-}
+using qelvrml::NodeReader;
 
-void CVRMLParser::TakeNumber(double& value) {
-  Tokenize();
-  TakeNumberHere(value);
-}
-
-void CVRMLParser::TakeBoolean(bool& value) {
-  Tokenize();
-  if (GetCurrentTokenType() == VRMLTokenBoolean) value = GetCurrentTokenBooleanValue();
-}
-
-bool CVRMLParser::TakeNumberAndStep(float& value) {
-  double number = 0.0;
-  if (!TakeNumberHere(number)) return false;
-  value = static_cast<float>(number);
-  Tokenize();
-  return true;
-}
+namespace {
 
 // Numbers one behind the other; ends on the last one, or on the token that isn't a number.
-bool CVRMLParser::ReadNumbers(std::initializer_list<float*> values) {
+bool ReadNumbers(CVRMLParser& parser, std::initializer_list<float*> values) {
   const float* last = *(values.end() - 1);
+  NodeReader reader(parser);
   for (float* value : values) {
     double number = 0.0;
-    if (!TakeNumberHere(number)) return false;
+    if (!reader.TakeNumberHere(number)) return false;
     *value = static_cast<float>(number);
-    if (value != last) Tokenize();
+    if (value != last) parser.Tokenize();
   }
   return true;
 }
 
-bool CVRMLParser::ParsePoint(brixFloatPoint& point) { return ReadNumbers({&point.x, &point.y, &point.z}); }
-bool CVRMLParser::Parse2DPoint(brix2DFloatPoint& point) { return ReadNumbers({&point.x, &point.y}); }
+template <class Point, class Array>
+bool ParsePoints(CVRMLParser& parser, Array& array, bool (CVRMLParser::*parseOne)(Point&)) {
+  if (!parser.GetCurrentTokenBeginType()) {
+    array.Realloc(1, brixFalse);
+    return (parser.*parseOne)(array.Edit()[0]);
+  }
+  Array list;
+  for (bool more = parser.Tokenize(); more && !parser.GetCurrentTokenEndType(); more = parser.Tokenize()) {
+    Point point;
+    if ((parser.*parseOne)(point)) list.Append(point);
+  }
+  const bool found = !list.IsEmpty();
+  if (found) array = std::move(list);
+  if (parser.GetCurrentTokenType() == VRMLTokenCloseBracket) parser.Tokenize();
+  return found;
+}
+
+// Numbers up to the first token that isn't one: `takeIndex` for each index, `endRun` with a run's length at its end.
+template <class TakeIndex, class EndRun>
+bool ReadIndices(CVRMLParser& parser, TakeIndex takeIndex, EndRun endRun) {
+  constexpr double RunEnd = -1.0;
+  NodeReader reader(parser);
+  if (reader.Is(VRMLTokenOpenBracket)) parser.Tokenize();
+  bool found = false;
+  int length = 0;
+  double value = 0.0;
+  for (bool more = true; more && reader.TakeNumberHere(value); more = parser.Tokenize()) {
+    if (value != RunEnd) {
+      takeIndex(qelvrml::CutToInt(value));
+      ++length;
+      found = true;
+    } else if (length > 0) {
+      endRun(length);
+      length = 0;
+    }
+  }
+  if (length > 0) endRun(length);
+  return found;
+}
+
+}  // namespace
+
+bool CVRMLParser::ParsePoint(brixFloatPoint& point) { return ReadNumbers(*this, {&point.x, &point.y, &point.z}); }
+bool CVRMLParser::Parse2DPoint(brix2DFloatPoint& point) { return ReadNumbers(*this, {&point.x, &point.y}); }
 
 bool CVRMLParser::ParseColor(brixChroma& colour) {
   if (GetCurrentTokenType() == VRMLTokenOpenBracket) Tokenize();
   brixChroma read;
-  if (!ReadNumbers({&read.red, &read.green, &read.blue})) return false;
+  if (!ReadNumbers(*this, {&read.red, &read.green, &read.blue})) return false;
   colour = read;
   return true;
 }
 
 bool CVRMLParser::ParseRotationVector(brixVector& axis, double& angle) {
-  StepOver({VRMLTokenOpenBrace, VRMLTokenOpenBracket});
+  NodeReader reader(*this);
+  reader.StepOver({VRMLTokenOpenBrace, VRMLTokenOpenBracket});
   axis = {};
   angle = 0.0;
   bool found = false;
-  for (float* component : {&axis.x, &axis.y, &axis.z}) found = TakeNumberAndStep(*component) || found;
-  if (TakeNumberHere(angle)) {
+  for (float* component : {&axis.x, &axis.y, &axis.z}) found = reader.TakeNumberAndStep(*component) || found;
+  if (reader.TakeNumberHere(angle)) {
     Tokenize();
     found = true;
   }
   return found;
 }
 
-template <class Point, class Array>
-bool CVRMLParser::ParsePoints(Array& array, bool (CVRMLParser::*parseOne)(Point&)) {
-  if (!GetCurrentTokenBeginType()) {
-    array.Realloc(1, brixFalse);
-    return (this->*parseOne)(array.Edit()[0]);
-  }
-  Array list;
-  for (bool more = Tokenize(); more && !GetCurrentTokenEndType(); more = Tokenize()) {
-    Point point;
-    if ((this->*parseOne)(point)) list.Append(point);
-  }
-  const bool found = !list.IsEmpty();
-  if (found) array = std::move(list);
-  if (GetCurrentTokenType() == VRMLTokenCloseBracket) Tokenize();
-  return found;
+bool CVRMLParser::ParsePointArray(brixFloatPointArray& points) {
+  return ParsePoints(*this, points, &CVRMLParser::ParsePoint);
 }
-
-bool CVRMLParser::ParsePointArray(brixFloatPointArray& points) { return ParsePoints(points, &CVRMLParser::ParsePoint); }
 bool CVRMLParser::Parse2DPointArray(brix2DFloatPointArray& points) {
-  return ParsePoints(points, &CVRMLParser::Parse2DPoint);
+  return ParsePoints(*this, points, &CVRMLParser::Parse2DPoint);
 }
 
 bool CVRMLParser::ParseFloatArray(brixDoubleArray& values) {
   const auto valueHere = [this] {
     double value = 0.0;
-    TakeNumberHere(value);
+    NodeReader(*this).TakeNumberHere(value);
     return value;
   };
   brixDoubleArray list;
@@ -155,31 +164,10 @@ bool CVRMLParser::ParseRotationVectorArray(brixVectorArray& axes, brixDoubleArra
   return found;
 }
 
-// Numbers up to the first token that isn't one: `takeIndex` for each index, `endRun` with a run's length at its end.
-template <class TakeIndex, class EndRun>
-bool CVRMLParser::ReadIndices(TakeIndex takeIndex, EndRun endRun) {
-  constexpr double RunEnd = -1.0;
-  if (GetCurrentTokenType() == VRMLTokenOpenBracket) Tokenize();
-  bool found = false;
-  int length = 0;
-  double value = 0.0;
-  for (bool more = true; more && TakeNumberHere(value); more = Tokenize()) {
-    if (value != RunEnd) {
-      takeIndex(qelvrml::CutToInt(value));
-      ++length;
-      found = true;
-    } else if (length > 0) {
-      endRun(length);
-      length = 0;
-    }
-  }
-  if (length > 0) endRun(length);
-  return found;
-}
-
 bool CVRMLParser::ParseIndexArray(CKelList& values, CKelList& counts) {
-  ReadIndices([&values](int index) { values.AddTailValue(&index); },
-              [&counts](int length) { counts.AddTailValue(&length); });
+  ReadIndices(
+      *this, [&values](int index) { values.AddTailValue(&index); },
+      [&counts](int length) { counts.AddTailValue(&length); });
   return values.GetCount() > 0;
 }
 
@@ -188,12 +176,15 @@ bool CVRMLParser::MergeIndexLists(brixIntArray& out, CKelList& values, CKelList&
   const std::span<int> places = runs.Edit();
   std::size_t place = 0;
   CBasicListIterator value(&values);
+  // A run whose values run out keeps its zeros: the next count stands behind the whole of it.
   const auto addRun = [&](int count) {
-    if (place < places.size()) places[place++] = count;
-    for (int left = count; left > 0 && value.GetData() && place < places.size(); --left) {
+    if (place >= places.size()) return;
+    places[place++] = count;
+    const std::size_t end = place + static_cast<std::size_t>(std::max(count, 0));
+    for (; place < std::min(end, places.size()) && value.GetData(); value.Next()) {
       places[place++] = *static_cast<const int*>(value.GetData());
-      value.Next();
     }
+    place = end;
   };
   CBasicListIterator count(&counts);
   if (!count.GetData()) addRun(values.GetCount());
@@ -203,7 +194,7 @@ bool CVRMLParser::MergeIndexLists(brixIntArray& out, CKelList& values, CKelList&
 }
 
 // What ParseIndexArray and MergeIndexLists make together, without the lists between them.
-bool CVRMLParser::ParseRunList(brixIntArray& runs) {
+bool NodeReader::TakeRunList(brixIntArray& runs) {
   brixIntArray list;
   unsigned place = 0;  // of the count of the run at hand
   list.Append(0);
@@ -212,14 +203,15 @@ bool CVRMLParser::ParseRunList(brixIntArray& runs) {
     place = list.GetSize();
     list.Append(0);
   };
-  const bool found = ReadIndices([&list](int index) { list.Append(index); }, endRun);
+  const bool found = ReadIndices(
+      Parser, [&list](int index) { list.Append(index); }, endRun);
   if (found) list.Realloc(static_cast<int>(place), brixTrue);
   runs = std::move(list);
   return found;
 }
 
-// The indices alone, without their runs.
-bool CVRMLParser::ParseIndices(brixIntArray& indices) {
+bool NodeReader::TakeIndices(brixIntArray& indices) {
   indices = {};
-  return ReadIndices([&indices](int index) { indices.Append(index); }, [](int /*length*/) {});
+  return ReadIndices(
+      Parser, [&indices](int index) { indices.Append(index); }, [](int /*length*/) {});
 }

@@ -16,14 +16,27 @@ inline constexpr int MaximumExpansions = 64;
 inline constexpr std::size_t MaximumSubfileNesting = 16;
 /// Subfiles in a load: small files that include each other twice end here in seconds.
 inline constexpr int MaximumSubfiles = 65'536;
-/// Cost of all replays and expansions of one load; at this bound a load takes seconds, whatever the file multiplies.
-inline constexpr std::uint64_t MaximumReplayCost = 268'435'456;
-/// What a recorded entry costs at each replay, beside what it copies.
-inline constexpr std::uint64_t EntryReplayCost = 64;
+/// Text that a load passes over by parsing before it uses what it remembers of earlier passes: DEF'ed nodes inside one
+/// another would cost two to the power of their depth.
+inline constexpr std::uint64_t PassedOverAnew = 16ULL << 20U;
+
+// What a load may make, in bytes: no file that gives its own numbers comes near it, and a small file can't multiply
+// itself into more than a machine has.
+inline constexpr std::uint64_t BytesMadeOfAnyFile = 1ULL << 30U;
+inline constexpr std::uint64_t BytesMadeOfAByte = 256;  ///< beside these, for each byte of the files read
+// What things cost: about what they take in memory, or the time that they cost for want of any.
+inline constexpr std::uint64_t BytesOfAnObject = 512;
+inline constexpr std::uint64_t BytesOfAPoint = 12;
+inline constexpr std::uint64_t BytesOfAnIndex = 4;
+inline constexpr std::uint64_t BytesOfAPixel = 4;
+inline constexpr std::uint64_t BytesOfAReplay = 64;
+inline constexpr std::uint64_t BytesOfAnExpandedByte = 8;
 
 /// Points of an extrusion's mesh: 400 MB.
 inline constexpr std::uint64_t MaximumMeshPoints = 33'554'432;
 /// Points of an elevation grid that doesn't give all its heights.
 inline constexpr std::int64_t MaximumPaddedHeights = 1'048'576;
+/// Pairs that are sorted by steps that take time to the square of their number.
+inline constexpr int MaximumPairsSortedBySteps = 4'096;
 
 }  // namespace qelvrml

@@ -1,27 +1,32 @@
 // Coordinates, normals and bindings.
 
 #include "qelvrml/dictionary/CVRMLDictionaryProperties.h"
-#include "qelvrml/parser/CVRMLParser.h"
+#include "qelvrml/dictionary/Recording.h"
+#include "qelvrml/parser/NodeReader.h"
+#include "qelvrml/parser/PassingOver.h"
+
+using qelvrml::NodeReader;
+using qelvrml::Record;
 
 bool CVRMLParser::ParseCoordinate3() {
   brixFloatPointArray points;
-  StepOver({VRMLTokenPOINT, VRMLTokenCOORDINATE, VRMLTokenOpenBrace});
+  NodeReader(*this).StepOver({VRMLTokenPOINT, VRMLTokenCOORDINATE, VRMLTokenOpenBrace});
   return ParsePointArray(points) && DefineCoordinate3(points);
 }
 
 bool CVRMLParser::DefineCoordinate3(const brixFloatPointArray& points) {
   if (!CurrentSeparator) return false;
   CurrentSeparator->SetVertices(points);
-  Record<CVRMLDictionaryCoordinate>([&](auto& entry) { entry.SetPoints(CurrentSeparator->GetVertices()); });
+  Record<CVRMLDictionaryCoordinate>(*this, [&](auto& entry) { entry.SetPoints(CurrentSeparator->GetVertices()); });
   return true;
 }
 
-bool CVRMLParser::ParseNormal() { return PassOverNode(); }
+bool CVRMLParser::ParseNormal() { return qelvrml::PassOverNode(*this); }
 
 bool CVRMLParser::DefineNormal(const brixVectorArray& vectors) {
   if (!CurrentSeparator) return false;
   CurrentSeparator->SetNormals(vectors);
-  Record<CVRMLDictionaryNormal>([&](auto& entry) { entry.SetVectors(vectors); });
+  Record<CVRMLDictionaryNormal>(*this, [&](auto& entry) { entry.SetVectors(vectors); });
   return true;
 }
 
@@ -30,8 +35,9 @@ bool CVRMLParser::ParseBinding() {
 
   VRMLBindingTypes binding = VRMLBindingOverall;
   const bool isMaterial = GetCurrentTokenType() == VRMLTokenMATERIALBINDING;
-  StepOver({VRMLTokenOpenBrace, VRMLTokenVALUE, VRMLTokenMATERIALBINDING, VRMLTokenNORMALBINDING});
-  ForEachField([&](VRMLTokenTypes keyword) {
+  NodeReader reader(*this);
+  reader.StepOver({VRMLTokenOpenBrace, VRMLTokenVALUE, VRMLTokenMATERIALBINDING, VRMLTokenNORMALBINDING});
+  reader.ForEachField([&](VRMLTokenTypes keyword) {
     static_assert(VRMLTokenPER_VERTEX_INDEXED - VRMLTokenOVERALL == VRMLBindingPerVertexIndexed - VRMLBindingOverall);
     if (keyword < VRMLTokenOVERALL || keyword > VRMLTokenPER_VERTEX_INDEXED) return;
     binding = static_cast<VRMLBindingTypes>(keyword - VRMLTokenOVERALL + VRMLBindingOverall);
@@ -44,10 +50,10 @@ bool CVRMLParser::DefineBinding(bool isMaterial, VRMLBindingTypes binding) {
   const auto fill = [binding](auto& entry) { entry.SetBinding(binding); };
   if (isMaterial) {
     CurrentSeparator->SetMaterialBinding(binding);
-    Record<CVRMLDictionaryMaterialBinding>(fill);
+    Record<CVRMLDictionaryMaterialBinding>(*this, fill);
   } else {
     CurrentSeparator->SetNormalBinding(binding);
-    Record<CVRMLDictionaryNormalBinding>(fill);
+    Record<CVRMLDictionaryNormalBinding>(*this, fill);
   }
   return true;
 }

@@ -1,13 +1,14 @@
 // Materials and colours.
 
-#include <cmath>
-
 #include "qelvrml/dictionary/CVRMLDictionaryProperties.h"
-#include "qelvrml/parser/CVRMLParser.h"
+#include "qelvrml/dictionary/Recording.h"
+#include "qelvrml/foundation/NearZero.h"
+#include "qelvrml/parser/NodeReader.h"
+
+using qelvrml::NodeReader;
+using qelvrml::Record;
 
 namespace {
-
-constexpr double NearZero = 1.0e-6F;  // in single precision, read as a double
 
 // What an ambient intensity makes of the diffuse colours.
 brixChromaArray AmbientColours(const brixChromaArray& diffuse, double intensity) {
@@ -31,6 +32,7 @@ bool CVRMLParser::ParseMaterial() {
   brixDoubleArray shininess;
   brixDoubleArray transparency;
   double ambientIntensity = 0.0;
+  NodeReader reader(*this);
   const auto takeColours = [this](brixChromaArray& colours) {
     Tokenize();
     ParseColorArray(colours);
@@ -39,8 +41,8 @@ bool CVRMLParser::ParseMaterial() {
     Tokenize();
     ParseFloatArray(values);
   };
-  StepOver({VRMLTokenOpenBrace, VRMLTokenMATERIAL});
-  ForEachFieldUpToEnd([&](VRMLTokenTypes keyword) {
+  reader.StepOver({VRMLTokenOpenBrace, VRMLTokenMATERIAL});
+  reader.ForEachFieldUpToEnd([&](VRMLTokenTypes keyword) {
     switch (keyword) {
       case VRMLTokenAMBIENTCOLOR: takeColours(ambient); break;
       case VRMLTokenDIFFUSECOLOR: takeColours(diffuse); break;
@@ -48,11 +50,11 @@ bool CVRMLParser::ParseMaterial() {
       case VRMLTokenEMISSIVECOLOR: takeColours(emissive); break;
       case VRMLTokenSHININESS: takeNumbers(shininess); break;
       case VRMLTokenTRANSPARENCY: takeNumbers(transparency); break;
-      case VRMLTokenAMBIENTINTENSITY: TakeNumber(ambientIntensity); break;
+      case VRMLTokenAMBIENTINTENSITY: reader.TakeNumber(ambientIntensity); break;
       default: break;
     }
   });
-  if (std::fabs(ambientIntensity) >= NearZero) ambient = AmbientColours(diffuse, ambientIntensity);
+  if (!qelvrml::IsNearZero(ambientIntensity)) ambient = AmbientColours(diffuse, ambientIntensity);
   return DefineMaterial(ambient, diffuse, specular, emissive, shininess, transparency);
 }
 
@@ -66,7 +68,7 @@ bool CVRMLParser::DefineMaterial(const brixChromaArray& ambient, const brixChrom
   CurrentSeparator->SetEmissiveColor(emissive);
   CurrentSeparator->SetShininess(shininess);
   CurrentSeparator->SetTransparency(transparency);
-  Record<CVRMLDictionaryMaterial>([&](auto& entry) {
+  Record<CVRMLDictionaryMaterial>(*this, [&](auto& entry) {
     entry.SetAmbientColor(ambient);
     entry.SetDiffuseColor(diffuse);
     entry.SetSpecularColor(specular);
@@ -83,8 +85,9 @@ bool CVRMLParser::ParseColor3() {
 
   brixChromaArray colours;
   bool result = false;
-  StepOver({VRMLTokenCOLOR});
-  ForEachField([&](VRMLTokenTypes /*type*/) { result = ParseColorArray(colours); });
+  NodeReader reader(*this);
+  reader.StepOver({VRMLTokenCOLOR});
+  reader.ForEachField([&](VRMLTokenTypes /*type*/) { result = ParseColorArray(colours); });
   if (!colours.IsEmpty()) CurrentSeparator->SetDiffuseColor(colours);
   return result;
 }

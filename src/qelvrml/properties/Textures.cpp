@@ -6,10 +6,19 @@
 #include <new>
 
 #include "qelvrml/dictionary/CVRMLDictionaryTextures.h"
+#include "qelvrml/dictionary/Recording.h"
+#include "qelvrml/files/MissingFiles.h"
 #include "qelvrml/foundation/CutToInt.h"
-#include "qelvrml/parser/CVRMLParser.h"
+#include "qelvrml/parser/Budget.h"
+#include "qelvrml/parser/LoadState.h"
+#include "qelvrml/parser/NodeReader.h"
+#include "qelvrml/parser/ParserInternals.h"
+#include "qelvrml/parser/PassingOver.h"
 #include "qelvrml/platform/brixex/brixMatrixFunctions.h"
 #include "qelvrml/platform/brixex/textures/CKelTextureManager.h"
+
+using qelvrml::NodeReader;
+using qelvrml::Record;
 
 namespace {
 
@@ -17,7 +26,7 @@ TextureWrapTypes WrapOf(bool repeats) { return repeats ? TextureWrapRepeat : Tex
 
 // The low 32 bits of a number cut to an integer.
 std::uint32_t PixelValue(double number) {
-  constexpr double Bound = 9.2e18;  // fits into 64 bits
+  constexpr double Bound = 0x1p63;
   if (number >= Bound) return static_cast<std::uint32_t>(std::numeric_limits<std::int64_t>::max());
   if (number <= -Bound) return static_cast<std::uint32_t>(std::numeric_limits<std::int64_t>::min());
   return static_cast<std::uint32_t>(static_cast<std::int64_t>(number));
@@ -30,109 +39,129 @@ unsigned PixelCount(int width, int height) {
                                                       : static_cast<unsigned>(count);
 }
 
-}  // namespace
-
-/// The first three values of an image field.
-struct CVRMLParser::PixelImage {
-  int Width = 0;
-  int Height = 0;
-  int Components = 0;
-};
-
-bool CVRMLParser::TakeWrap(VRMLTokenTypes keyword, TextureWrapTypes& wrapS, TextureWrapTypes& wrapT) {
+// The repeat fields that the texture nodes have in common; false for any other keyword.
+bool TakeWrap(CVRMLParser& parser, VRMLTokenTypes keyword, TextureWrapTypes& wrapS, TextureWrapTypes& wrapT) {
   if (keyword != VRMLTokenREPEATS && keyword != VRMLTokenREPEATT) return false;
-  Tokenize();
-  (keyword == VRMLTokenREPEATS ? wrapS : wrapT) = WrapOf(GetCurrentTokenBooleanValue());
+  parser.Tokenize();
+  (keyword == VRMLTokenREPEATS ? wrapS : wrapT) = WrapOf(parser.GetCurrentTokenBooleanValue());
   return true;
 }
 
-bool CVRMLParser::ParseImageTexture() {
-  if (!CurrentSeparator || !GetTextureManager()) return PassOverNode();
-
-  CBasicString url;
-  TextureWrapTypes wrapS = TextureWrapRepeat;
-  TextureWrapTypes wrapT = TextureWrapRepeat;
-  StepOver({VRMLTokenOpenBrace, VRMLTokenIMAGETEXTURE});
-  ForEachFieldUpToEnd([&](VRMLTokenTypes keyword) {
-    if (TakeWrap(keyword, wrapS, wrapT) || keyword != VRMLTokenURL) return;
-    Tokenize();
-    url = TakeFirstUrl();
-  });
-  const int id = FindOrLoadTexture(url);
-  return id != -1 && DefineTexture(id, wrapS, wrapT);
+// Looks an image up in the folders that the host has named. What wasn't found once in a load isn't looked for again.
+CBasicString FindInHostFolders(CVRMLParser& parser, const qelvrml::FileReference& url) {
+  auto& missing = qelvrml::ParserInternals::Load(parser).MissingTextures;
+  if (url.Name.GetLength() == 0 || missing.count(std::u16string(url.Name.GetView())) > 0) return {};
+  const CKelTextureManager& manager = *parser.GetTextureManager();
+  CBasicString path = manager.FindTextureFilenameUsingAlternatePaths(url.Name);
+  if (path.GetLength() > 0) return path;
+  missing.emplace(url.Name.GetView());
+  if (!url.IsName) return {};
+  const std::vector<CBasicString> candidates = manager.GetAlternatePathsOf(url.Name);
+  if (candidates.empty()) qelvrml::NoteMissingFile(parser, url.Name);
+  for (const CBasicString& candidate : candidates) qelvrml::NoteMissingFile(parser, candidate);
+  return {};
 }
 
-// The id of the image of a URL; -1 if there is no such image.
-int CVRMLParser::FindOrLoadTexture(const CBasicString& url) {
-  CKelTextureManager& manager = *GetTextureManager();
-  CBasicString path = GetResolvedFile(url);
-  path.MakeLower();
-  if (!FileExists(path)) path = FindTextureBesideScene(url);
-  if (path.GetLength() == 0) return -1;
-  if (const CKelTexture* known = manager.GetTexture(path)) return known->GetTextureID();
+// The id of the image in a file; -1 if it can't be read, or is more than the load may make.
+int LoadTexture(CVRMLParser& parser, const CBasicString& path) {
+  CKelFileInterface file;
+  if (file.Open(path)) {
+    qelvrml::ParserInternals::Load(parser).Made.AddInput(static_cast<std::uint64_t>(file.GetFileSize()));
+  }
   std::unique_ptr<CKelTexture> texture(new (std::nothrow) CKelTexture);
   if (!texture || !texture->GenerateTextureFromFile(path)) return -1;
-  const int id = manager.RegisterTexture(texture.get());
+  const auto pixels = static_cast<std::uint64_t>(texture->GetWidth()) * static_cast<unsigned>(texture->GetHeight());
+  if (!qelvrml::CanMake(parser, {.Pixels = pixels})) return -1;
+  const int id = parser.GetTextureManager()->RegisterTexture(texture.get());
   if (id != -1) texture.release();
   return id;
 }
 
-// Looks an image up in the folders that the host has named. What wasn't found once in a load isn't looked for again.
-CBasicString CVRMLParser::FindTextureBesideScene(const CBasicString& url) {
-  if (url.GetLength() == 0 || MissingTextures.count(std::u16string(url.GetView())) > 0) return {};
-  const CKelTextureManager& manager = *GetTextureManager();
-  CBasicString path = manager.FindTextureFilenameUsingAlternatePaths(url);
-  if (path.GetLength() > 0) return path;
-  MissingTextures.emplace(url.GetView());
-  const std::vector<CBasicString> candidates = manager.GetAlternatePathsOf(url);
-  if (candidates.empty()) NoteMissingFile(url);
-  for (const CBasicString& candidate : candidates) NoteMissingFile(candidate);
-  return {};
-}
+/// What an image field says.
+struct PixelImage {
+  int Width = 0;
+  int Height = 0;
+  int Components = 0;
+  bool CanBeMade = true;  ///< within what the load may make
+};
 
-bool CVRMLParser::ParsePixelTexture() {
-  if (!CurrentSeparator || !GetTextureManager()) return PassOverNode();
-
-  constexpr int FewestComponents = 3;
-  PixelImage image;
-  TextureWrapTypes wrapS = TextureWrapRepeat;
-  TextureWrapTypes wrapT = TextureWrapRepeat;
-  std::unique_ptr<CKelTexture> texture(new (std::nothrow) CKelTexture);
-  StepOver({VRMLTokenOpenBrace, VRMLTokenPIXELTEXTURE});
-  ForEachFieldUpToEnd([&](VRMLTokenTypes keyword) {
-    if (TakeWrap(keyword, wrapS, wrapT) || keyword != VRMLTokenIMAGE) return;
-    ParseImageField(image, texture.get());
-  });
-  if (!texture || image.Width <= 0 || image.Height <= 0 || image.Components < FewestComponents) return false;
-  const int id = GetTextureManager()->RegisterTexture(texture.get());
-  if (id == -1) return false;
-  texture.release();
-  return DefineTexture(id, wrapS, wrapT);
-}
-
-void CVRMLParser::ParseImageField(PixelImage& image, CKelTexture* texture) {
+void TakePixels(CVRMLParser& parser, const PixelImage& image, unsigned count, SKelTexturePixel* pixels) {
   constexpr int ColourComponents = 3;
-  for (int* value : {&image.Width, &image.Height, &image.Components}) {
-    double number = *value;
-    TakeNumber(number);
-    *value = qelvrml::CutToInt(number);
-  }
-  const unsigned count = PixelCount(image.Width, image.Height);
-  if (!texture || !texture->AllocatePixelArray(count)) return;
-  texture->SetWidth(image.Width);
-  texture->SetHeight(image.Height);
-  if (image.Components < ColourComponents) return;
-  SKelTexturePixel* pixels = texture->GetPixelArray();
+  NodeReader reader(parser);
   double number = 0.0;
-  for (unsigned i = 0; Tokenize() && TakeNumberHere(number); ++i) {
+  for (unsigned i = 0; parser.Tokenize() && reader.TakeNumberHere(number); ++i) {
     const std::uint32_t value = PixelValue(number) >> (image.Components > ColourComponents ? 8U : 0U);  // without alpha
     if (i < count) {
       pixels[i].Red = static_cast<unsigned char>(value >> 16U);
       pixels[i].Green = static_cast<unsigned char>(value >> 8U);
       pixels[i].Blue = static_cast<unsigned char>(value);
     }
-    if (GetNextTokenType() != VRMLTokenNumber) break;
+    if (parser.GetNextTokenType() != VRMLTokenNumber) break;
   }
+}
+
+constexpr int FewestComponents = 3;  // images of one or two aren't supported
+
+void ParseImageField(CVRMLParser& parser, PixelImage& image, CKelTexture* texture) {
+  NodeReader reader(parser);
+  for (int* value : {&image.Width, &image.Height, &image.Components}) {
+    double number = *value;
+    reader.TakeNumber(number);
+    *value = qelvrml::CutToInt(number);
+  }
+  const unsigned count = PixelCount(image.Width, image.Height);
+  if (!texture || count > CKelTexture::MostPixels) return;
+  image.CanBeMade = qelvrml::CanMake(parser, {.Pixels = count});
+  if (!image.CanBeMade || !texture->AllocatePixelArray(count)) return;
+  texture->SetWidth(image.Width);
+  texture->SetHeight(image.Height);
+  if (image.Components >= FewestComponents) TakePixels(parser, image, count, texture->GetPixelArray());
+}
+
+}  // namespace
+
+bool CVRMLParser::ParseImageTexture() {
+  if (!CurrentSeparator || !GetTextureManager()) return qelvrml::PassOverNode(*this);
+
+  qelvrml::FileReference url;
+  TextureWrapTypes wrapS = TextureWrapRepeat;
+  TextureWrapTypes wrapT = TextureWrapRepeat;
+  NodeReader reader(*this);
+  reader.StepOver({VRMLTokenOpenBrace, VRMLTokenIMAGETEXTURE});
+  reader.ForEachFieldUpToEnd([&](VRMLTokenTypes keyword) {
+    if (TakeWrap(*this, keyword, wrapS, wrapT) || keyword != VRMLTokenURL) return;
+    Tokenize();
+    url = reader.TakeFirstUrl();
+  });
+
+  CBasicString path = GetResolvedFile(url.Name);
+  path.MakeLower();  // hosts answer with names of a file system that knows no case; opening finds the file in any case
+  if (!FileExists(path)) path = FindInHostFolders(*this, url);
+  if (path.GetLength() == 0) return false;
+  const CKelTexture* known = GetTextureManager()->GetTexture(path);
+  const int id = known ? known->GetTextureID() : LoadTexture(*this, path);
+  return id != -1 && DefineTexture(id, wrapS, wrapT);
+}
+
+bool CVRMLParser::ParsePixelTexture() {
+  if (!CurrentSeparator || !GetTextureManager()) return qelvrml::PassOverNode(*this);
+
+  PixelImage image;
+  TextureWrapTypes wrapS = TextureWrapRepeat;
+  TextureWrapTypes wrapT = TextureWrapRepeat;
+  std::unique_ptr<CKelTexture> texture(new (std::nothrow) CKelTexture);
+  NodeReader reader(*this);
+  reader.StepOver({VRMLTokenOpenBrace, VRMLTokenPIXELTEXTURE});
+  reader.ForEachFieldUpToEnd([&](VRMLTokenTypes keyword) {
+    if (TakeWrap(*this, keyword, wrapS, wrapT) || keyword != VRMLTokenIMAGE) return;
+    ParseImageField(*this, image, texture.get());
+  });
+  if (!texture || !image.CanBeMade) return false;
+  if (image.Width <= 0 || image.Height <= 0 || image.Components < FewestComponents) return false;
+  const int id = GetTextureManager()->RegisterTexture(texture.get());
+  if (id == -1) return false;
+  texture.release();
+  return DefineTexture(id, wrapS, wrapT);
 }
 
 bool CVRMLParser::DefineTexture(int textureId, TextureWrapTypes wrapS, TextureWrapTypes wrapT) {
@@ -141,7 +170,7 @@ bool CVRMLParser::DefineTexture(int textureId, TextureWrapTypes wrapS, TextureWr
   state.SetTextureID(textureId);
   state.SetWrapS(wrapS);
   state.SetWrapT(wrapT);
-  Record<CVRMLDictionaryTexture>([&](auto& entry) {
+  Record<CVRMLDictionaryTexture>(*this, [&](auto& entry) {
     entry.SetTextureID(textureId);
     entry.SetWrapS(wrapS);
     entry.SetWrapT(wrapT);
@@ -150,7 +179,7 @@ bool CVRMLParser::DefineTexture(int textureId, TextureWrapTypes wrapS, TextureWr
 }
 
 bool CVRMLParser::ParseTextureTransform() {
-  if (!CurrentSeparator || !GetTextureManager()) return PassOverNode();
+  if (!CurrentSeparator || !GetTextureManager()) return qelvrml::PassOverNode(*this);
 
   brix2DFloatPoint center;
   brix2DFloatPoint scale(1.0F, 1.0F);
@@ -160,8 +189,9 @@ bool CVRMLParser::ParseTextureTransform() {
     Tokenize();
     Parse2DPoint(point);
   };
-  StepOver({VRMLTokenOpenBrace, VRMLTokenTEXTURETRANSFORM});
-  ForEachFieldUpToEnd([&](VRMLTokenTypes keyword) {
+  NodeReader reader(*this);
+  reader.StepOver({VRMLTokenOpenBrace, VRMLTokenTEXTURETRANSFORM});
+  reader.ForEachFieldUpToEnd([&](VRMLTokenTypes keyword) {
     switch (keyword) {
       case VRMLTokenCENTER: takePoint(center); break;
       case VRMLTokenSCALE: takePoint(scale); break;
@@ -169,7 +199,7 @@ bool CVRMLParser::ParseTextureTransform() {
       case VRMLTokenROTATION: {
         double radians = 0.0;
         Tokenize();
-        if (TakeNumberHere(radians)) rotation = RadiansToDegrees(radians);
+        if (reader.TakeNumberHere(radians)) rotation = RadiansToDegrees(radians);
         break;
       }
       default: break;
@@ -186,7 +216,7 @@ bool CVRMLParser::DefineTextureTransform(const brix2DFloatPoint& center, const b
   state.SetScale(scale);
   state.SetTranslation(translation);
   state.SetRotation(rotation);
-  Record<CVRMLDictionaryTextureTransform>([&](auto& entry) {
+  Record<CVRMLDictionaryTextureTransform>(*this, [&](auto& entry) {
     entry.SetCenter(center);
     entry.SetScale(scale);
     entry.SetTranslation(translation);
@@ -197,7 +227,7 @@ bool CVRMLParser::DefineTextureTransform(const brix2DFloatPoint& center, const b
 
 bool CVRMLParser::ParseTextureCoordinate() {
   brix2DFloatPointArray points;
-  StepOver({VRMLTokenPOINT, VRMLTokenTEXTURECOORDINATE, VRMLTokenOpenBrace});
+  NodeReader(*this).StepOver({VRMLTokenPOINT, VRMLTokenTEXTURECOORDINATE, VRMLTokenOpenBrace});
   return !Parse2DPointArray(points) || DefineTextureCoordinate(points);
 }
 
@@ -205,6 +235,6 @@ bool CVRMLParser::DefineTextureCoordinate(const brix2DFloatPointArray& points) {
   if (!CurrentSeparator) return false;
   CurrentSeparator->GetTextureState().SetTextureCoordinates(points);
   Record<CVRMLDictionaryTextureCoordinates>(
-      [&](auto& entry) { entry.SetPoints(CurrentSeparator->GetTextureState().GetTextureCoordinates()); });
+      *this, [&](auto& entry) { entry.SetPoints(CurrentSeparator->GetTextureState().GetTextureCoordinates()); });
   return true;
 }

@@ -4,11 +4,17 @@
 //   translation
 
 #include "qelvrml/dictionary/CVRMLDictionaryTransforms.h"
-#include "qelvrml/parser/CVRMLParser.h"
+#include "qelvrml/dictionary/Recording.h"
+#include "qelvrml/parser/NodeReader.h"
 #include "qelvrml/platform/brixex/brixMatrixFunctions.h"
+#include "qelvrml/scene/Scopes.h"
+
+using qelvrml::NodeReader;
+
+namespace {
 
 /// The fields of a node, with their defaults.
-struct CVRMLParser::TransformFields {
+struct TransformFields {
   brixFloatPoint Translation;
   brixFloatPoint ScaleFactor{1.0F, 1.0F, 1.0F};
   brixMatrix4x4 Rotation;
@@ -16,71 +22,77 @@ struct CVRMLParser::TransformFields {
   brixFloatPoint Center;
 };
 
-bool CVRMLParser::ParseTransform() {
-  if (!CurrentSeparator) return false;
-
-  StepOver({VRMLTokenOpenBrace, VRMLTokenTRANSFORM});
-  const bool opensScope = GetVersion() == VRMLVersion20;
-  if (opensScope) DefineNodeSeparator();
-  CGenericIOState children;
-  const bool result = ReadAndDefineTransform(children);
-  return opensScope ? ReadTransformChildren(children, result) : result;
+void TakePoint(CVRMLParser& parser, brixFloatPoint& point) {
+  parser.Tokenize();
+  parser.ParsePoint(point);
 }
 
-bool CVRMLParser::ReadAndDefineTransform(CGenericIOState& children) {
-  TransformFields fields;
-  const auto takePoint = [this](brixFloatPoint& point) {
-    Tokenize();
-    ParsePoint(point);
-  };
-  WhileInNode([&](VRMLTokenTypes keyword) {
-    switch (keyword) {
-      case VRMLTokenTRANSLATION: takePoint(fields.Translation); break;
-      case VRMLTokenSCALEFACTOR:
-      case VRMLTokenSCALE: takePoint(fields.ScaleFactor); break;
-      case VRMLTokenCENTER: takePoint(fields.Center); break;
-      case VRMLTokenROTATION: fields.Rotation = TakeRotation(); break;
-      case VRMLTokenSCALEORIENTATION: fields.ScaleOrientation = TakeRotation(); break;
-      case VRMLTokenADDCHILDREN:
-      case VRMLTokenREMOVECHILDREN:
-        Tokenize();
-        if (GetCurrentTokenType() != VRMLTokenNULL) SkipBlock(true);
-        break;
-      case VRMLTokenCHILDREN: PassOverChildren(children); break;
-      default: Tokenize(); break;
-    }
-  });
-  return DefineTransform(fields.Translation, fields.ScaleFactor, fields.Rotation, fields.ScaleOrientation,
-                         fields.Center);
-}
-
-brixMatrix4x4 CVRMLParser::TakeRotation() {
-  Tokenize();
+brixMatrix4x4 TakeRotation(CVRMLParser& parser) {
+  parser.Tokenize();
   brixVector axis;
   double angle = 0.0;
-  ParseRotationVector(axis, angle);
+  parser.ParseRotationVector(axis, angle);
   return CreateRotationMatrixForNormalAngle(axis, angle);
 }
 
 // The children come last, whatever the order of the fields, so that all of the node's transformation acts on them.
-void CVRMLParser::PassOverChildren(CGenericIOState& children) {
-  Tokenize();
-  SaveIOState(children);
-  if (GetCurrentTokenType() == VRMLTokenOpenBracket) {
-    SkipArray(true);
+void PassOverChildren(CVRMLParser& parser, CGenericIOState& children) {
+  parser.Tokenize();
+  parser.SaveIOState(children);
+  if (NodeReader(parser).Is(VRMLTokenOpenBracket)) {
+    parser.SkipArray(true);
   } else {
-    SkipBlock(true);
+    parser.SkipBlock(true);
   }
-  ClearDefinedName();
+  qelvrml::ForgetDefinedName(parser);
 }
 
-bool CVRMLParser::ReadTransformChildren(const CGenericIOState& children, bool result) {
+TransformFields ReadFields(CVRMLParser& parser, CGenericIOState& children) {
+  TransformFields fields;
+  NodeReader reader(parser);
+  reader.WhileInNode([&](VRMLTokenTypes keyword) {
+    switch (keyword) {
+      case VRMLTokenTRANSLATION: TakePoint(parser, fields.Translation); break;
+      case VRMLTokenSCALEFACTOR:
+      case VRMLTokenSCALE: TakePoint(parser, fields.ScaleFactor); break;
+      case VRMLTokenCENTER: TakePoint(parser, fields.Center); break;
+      case VRMLTokenROTATION: fields.Rotation = TakeRotation(parser); break;
+      case VRMLTokenSCALEORIENTATION: fields.ScaleOrientation = TakeRotation(parser); break;
+      case VRMLTokenADDCHILDREN:
+      case VRMLTokenREMOVECHILDREN:
+        parser.Tokenize();
+        if (!reader.Is(VRMLTokenNULL)) parser.SkipBlock(true);
+        break;
+      case VRMLTokenCHILDREN: PassOverChildren(parser, children); break;
+      default: parser.Tokenize(); break;
+    }
+  });
+  return fields;
+}
+
+// Goes back to the children, and on from the node's end behind them.
+bool ReadChildren(CVRMLParser& parser, const CGenericIOState& children, bool result) {
   CGenericIOState end;
-  SaveIOState(end);
-  if (RestoreIOState(children)) ParseNodeOrList(result);
-  RestoreIOState(end);
-  PopSeparator();
+  parser.SaveIOState(end);
+  if (parser.RestoreIOState(children)) NodeReader(parser).ParseNodeOrList(result);
+  parser.RestoreIOState(end);
+  parser.PopSeparator();
   return result;
+}
+
+}  // namespace
+
+bool CVRMLParser::ParseTransform() {
+  if (!CurrentSeparator) return false;
+
+  NodeReader(*this).StepOver({VRMLTokenOpenBrace, VRMLTokenTRANSFORM});
+  const bool opensScope = GetVersion() == VRMLVersion20;
+  if (opensScope) qelvrml::OpenNodeScope(*this);
+  CGenericIOState children;
+  const TransformFields fields = ReadFields(*this, children);
+  const bool result =
+      DefineTransform(fields.Translation, fields.ScaleFactor, fields.Rotation, fields.ScaleOrientation, fields.Center);
+  return opensScope ? ReadChildren(*this, children, result) : result;
 }
 
 bool CVRMLParser::DefineTransform(const brixFloatPoint& translation, const brixFloatPoint& scaleFactor,
@@ -92,7 +104,7 @@ bool CVRMLParser::DefineTransform(const brixFloatPoint& translation, const brixF
                                GetInverseMatrix(scaleOrientation) * GetInverseMatrix(toCenter) *
                                GetDisplacementMatrix(translation);
   CurrentSeparator->MultiplyTransformation(matrix);
-  Record<CVRMLDictionaryTransform>([&](auto& entry) {
+  qelvrml::Record<CVRMLDictionaryTransform>(*this, [&](auto& entry) {
     entry.SetTranslation(translation);
     entry.SetScaleFactor(scaleFactor);
     entry.SetRotation(rotation);

@@ -28,6 +28,7 @@ CVRMLPrototype::~CVRMLPrototype() { ClearFields(); }
 void CVRMLPrototype::Initialize() {
   NameHash = 0;
   ClearBody();
+  BodyLength = 0;
   Fields.SetElementHandler(FieldElementHandler);
   ClearFields();
 }
@@ -49,6 +50,7 @@ void CVRMLPrototype::SetBodyLength(int length) {
 }
 
 void CVRMLPrototype::ClearBody() {
+  if (!BodyText) return;
   BodyText.reset();
   BodyLength = 0;
   Template.reset();
@@ -98,7 +100,7 @@ const qelvrml::BodyTemplate& CVRMLPrototype::GetBodyTemplate() {
 }
 
 bool CVRMLPrototype::CreateInstanceText(const char* text, int length, char** result, int* resultLength) {
-  if (!BodyText || !result || !resultLength) return false;
+  if (!HasBody() || !result || !resultLength) return false;
   qelvrml::InstanceMerge merge(*this, text, length);
   const std::uint64_t merged = merge.GetLength();
   if (merged > static_cast<std::uint64_t>(std::numeric_limits<int>::max())) return false;

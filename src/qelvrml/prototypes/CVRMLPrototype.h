@@ -32,10 +32,13 @@ public:
   CKelList& GetFields() { return Fields; }
   /// The body without its braces; not terminated; null for an empty one.
   char* GetBodyText() const { return BodyText.get(); }
-  /// Takes a text from the system's allocator over.
+  /// Takes a text from the system's allocator over; an earlier one is freed only by ClearBody.
   void SetBodyText(char* text);
   int GetBodyLength() const { return BodyLength; }
   void SetBodyLength(int length);
+  /// Whether there is a body that can be read.
+  bool HasBody() const { return BodyText && BodyLength >= 0; }
+  /// Frees the body; without one the length stays.
   void ClearBody();
   void ClearFields();
 

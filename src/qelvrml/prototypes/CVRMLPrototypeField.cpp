@@ -55,6 +55,7 @@ void CVRMLPrototypeField::SetValueText(char* text) {
 }
 
 void CVRMLPrototypeField::ClearValue() {
+  if (!ValueText) return;
   ValueText.reset();
   ValueLength = 0;
 }

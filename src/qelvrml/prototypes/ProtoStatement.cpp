@@ -6,13 +6,50 @@
 #include <memory>
 #include <new>
 
-#include "qelvrml/parser/CVRMLParser.h"
+#include "qelvrml/files/Subfiles.h"
+#include "qelvrml/parser/NodeReader.h"
 #include "qelvrml/prototypes/CVRMLPrototype.h"
+
+using qelvrml::NodeReader;
+
+namespace {
+
+void ParseInterfaceField(CVRMLParser& parser, CVRMLPrototype& prototype) {
+  CVRMLIOManager& tokens = *parser.GetIOManager();
+  parser.Tokenize();
+  CBasicString type(tokens.GetCurrentTokenText());
+  parser.Tokenize();
+  const CBasicString name(tokens.GetCurrentTokenText());
+  parser.Tokenize();
+  char* text = nullptr;
+  int length = 0;
+  if (!tokens.GetCurrentTokenEndsField()) tokens.CaptureBlockText(&text, &length, true);
+  qelvrml::AllocatedText owned(text);
+  if (prototype.AddField(name, type, text, length)) owned.release();
+}
+
+// Reads the entries up to the ] of the interface. Events leave no trace.
+void ParseInterface(CVRMLParser& parser, CVRMLPrototype& prototype) {
+  const NodeReader reader(parser);
+  while (!reader.AtListEnd()) {
+    switch (reader.Current()) {
+      case VRMLTokenEVENTIN:
+      case VRMLTokenEVENTOUT:
+        for (int i = 0; i < 3; ++i) parser.Tokenize();  // the keyword, the type and the name
+        break;
+      case VRMLTokenEXPOSEDFIELD:
+      case VRMLTokenFIELD: ParseInterfaceField(parser, prototype); break;
+      default: parser.Tokenize(); break;
+    }
+  }
+}
+
+}  // namespace
 
 bool CVRMLParser::ParseProto() {
   if (!CurrentSeparator || SkippingBlock) return false;
 
-  StepOver({VRMLTokenPROTO});
+  NodeReader(*this).StepOver({VRMLTokenPROTO});
   CBasicString name;
   if (GetCurrentTokenType() == VRMLTokenUnknown) {
     name = CBasicString(IOManager.GetCurrentTokenText());
@@ -22,7 +59,7 @@ bool CVRMLParser::ParseProto() {
   std::unique_ptr<CVRMLPrototype> prototype(new (std::nothrow) CVRMLPrototype);
   if (!prototype) return false;
   prototype->SetName(name);
-  ParseInterface(*prototype);
+  ParseInterface(*this, *prototype);
   Tokenize();
   MoveUpToInterestingToken();
   if (GetCurrentTokenType() != VRMLTokenOpenBrace) return false;
@@ -37,34 +74,6 @@ bool CVRMLParser::ParseProto() {
   return true;
 }
 
-// Reads the entries up to the ] of the interface. Events leave no trace.
-void CVRMLParser::ParseInterface(CVRMLPrototype& prototype) {
-  while (GetCurrentTokenType() != VRMLTokenCloseBracket && GetCurrentTokenType() != VRMLTokenEndOfFile) {
-    switch (GetCurrentTokenType()) {
-      case VRMLTokenEVENTIN:
-      case VRMLTokenEVENTOUT:
-        for (int i = 0; i < 3; ++i) Tokenize();  // the keyword, the type and the name
-        break;
-      case VRMLTokenEXPOSEDFIELD:
-      case VRMLTokenFIELD: ParseInterfaceField(prototype); break;
-      default: Tokenize(); break;
-    }
-  }
-}
-
-void CVRMLParser::ParseInterfaceField(CVRMLPrototype& prototype) {
-  Tokenize();
-  CBasicString type(IOManager.GetCurrentTokenText());
-  Tokenize();
-  const CBasicString name(IOManager.GetCurrentTokenText());
-  Tokenize();
-  char* text = nullptr;
-  int length = 0;
-  if (!IOManager.GetCurrentTokenEndsField()) IOManager.CaptureBlockText(&text, &length, true);
-  qelvrml::AllocatedText owned(text);
-  if (prototype.AddField(name, type, text, length)) owned.release();
-}
-
 // The statement reads the named file in place: the prototypes that the file declares count, and its nodes become part
 // of the scene. The declared name plays no part.
 bool CVRMLParser::ParseExternProto() {
@@ -75,8 +84,8 @@ bool CVRMLParser::ParseExternProto() {
   if (GetCurrentTokenType() == VRMLTokenOpenBracket) SkipArray(true);
   const bool isList = GetCurrentTokenType() == VRMLTokenOpenBracket;
   if (isList) Tokenize();
-  CBasicString url(IOManager.GetCurrentTokenText());
+  const qelvrml::FileReference file = NodeReader(*this).ReferenceHere();
   while (isList && GetCurrentTokenType() != VRMLTokenCloseBracket && Tokenize()) {
   }
-  return !CreateSubfilePath(url) || ParseSubfile(url);
+  return qelvrml::ReadReferredFile(*this, file);
 }

@@ -3,14 +3,64 @@
 
 #include <algorithm>
 #include <limits>
+#include <string_view>
 #include <vector>
 
 #include "qelvrml/dictionary/CVRMLDictionaryProtoUse.h"
+#include "qelvrml/dictionary/Recording.h"
 #include "qelvrml/foundation/ScopedValue.h"
-#include "qelvrml/parser/CVRMLParser.h"
-#include "qelvrml/parser/Limits.h"
+#include "qelvrml/parser/InputFrame.h"
+#include "qelvrml/parser/LoadState.h"
+#include "qelvrml/parser/ParserInternals.h"
 #include "qelvrml/prototypes/CVRMLPrototype.h"
 #include "qelvrml/prototypes/InstanceMerge.h"
+#include "qelvrml/prototypes/PrototypeNames.h"
+
+namespace {
+
+/// Records an instance, if that is called for, for the time in which the nodes of its body are read. The scope around
+/// it doesn't record them meanwhile, for a replay expands the instance again; and should a DEF of the body take the
+/// instance's name, its entry stays what it is.
+class RecordedInstance {
+public:
+  RecordedInstance(CVRMLParser& parser, const CBasicString& prototype, std::string_view fields)
+      : Load(qelvrml::ParserInternals::Load(parser)) {
+    if (!parser.GetDefiningObjects()) return;
+    Entry = qelvrml::Record<CVRMLDictionaryProtoUse>(parser, [&](auto& entry) {
+      entry.SetPrototypeName(prototype);
+      entry.SetFieldText(fields.data(), static_cast<int>(fields.size()));
+    });
+    Load.InstancesBeingRead.push_back(Entry);
+    Scope = parser.GetCurrentSeparator();
+    Suspends = std::find(Load.SuspendedScopes.begin(), Load.SuspendedScopes.end(), Scope) == Load.SuspendedScopes.end();
+    if (Suspends) Load.SuspendedScopes.push_back(Scope);
+  }
+  RecordedInstance(const RecordedInstance&) = delete;
+  RecordedInstance& operator=(const RecordedInstance&) = delete;
+  ~RecordedInstance() {
+    if (Scope) Load.InstancesBeingRead.pop_back();
+    // The body may have closed the scope that it stands in; then it isn't among the suspended ones any more.
+    if (Suspends) std::erase(Load.SuspendedScopes, Scope);
+  }
+
+private:
+  qelvrml::LoadState& Load;
+  const CVRMLDictionaryEntry* Entry = nullptr;
+  const CVRMLSeparator* Scope = nullptr;
+  bool Suspends = false;
+};
+
+// Reads the nodes of an instance in the place of the file's text.
+void ReadExpandedText(CVRMLParser& parser, const char* text, int length) {
+  const qelvrml::InputFrame frame(parser);
+  CVRMLIOManager& tokens = *parser.GetIOManager();
+  tokens.StartBufferReading(text, length);
+  qelvrml::MarkPrototypeNames(parser);
+  while (parser.GetCurrentTokenType() != VRMLTokenEndOfFile) parser.ParseBlock();
+  tokens.StopBufferReading();
+}
+
+}  // namespace
 
 bool CVRMLParser::ParseProtoUse() {
   if (!CurrentSeparator) return false;
@@ -26,48 +76,20 @@ bool CVRMLParser::ParseProtoUse() {
 
 bool CVRMLParser::DefineProtoUse(const CBasicString& name, const char* text, int length) {
   if (!CurrentSeparator || SkippingBlock) return false;
+  const qelvrml::LoadRun run(*this);
   CVRMLPrototype* prototype = FindPrototype(name);
-  if (!prototype || Expansions >= qelvrml::MaximumExpansions) return false;
-  if (!prototype->GetBodyText()) return true;
+  if (!prototype || Load->Expansions >= qelvrml::MaximumExpansions) return false;
+  if (!prototype->HasBody()) return true;
 
   qelvrml::InstanceMerge merge(*prototype, text, length);
   const std::uint64_t merged = merge.GetLength();
   if (merged > static_cast<std::uint64_t>(std::numeric_limits<int>::max())) return false;
-  if (!SpendReplayCost(qelvrml::EntryReplayCost + merged)) return false;
+  if (!qelvrml::CanMake(*this, {.Replays = 1, .ExpandedText = merged})) return false;
   std::vector<char> expanded(std::max<std::size_t>(merged, 1));
   merge.Write(expanded.data());
 
-  const bool recorded = GetDefiningObjects();
-  Record<CVRMLDictionaryProtoUse>([&](auto& entry) {
-    entry.SetPrototypeName(name);
-    entry.SetFieldText(text, length);
-  });
-  ReadExpandedText(expanded.data(), static_cast<int>(merged), recorded);
+  const qelvrml::ScopedValue<int> expansions(Load->Expansions, Load->Expansions + 1);
+  const RecordedInstance recorded(*this, name, {text, static_cast<std::size_t>(text ? std::max(length, 0) : 0)});
+  ReadExpandedText(*this, expanded.data(), static_cast<int>(merged));
   return true;
-}
-
-// Reads the nodes of an instance. While those of a recorded instance are read, the scope around it doesn't record them:
-// a replay expands the instance again.
-void CVRMLParser::ReadExpandedText(const char* text, int length, bool recorded) {
-  const qelvrml::ScopedValue<int> expansions(Expansions, Expansions + 1);
-  CVRMLSeparator* scope = recorded && !CurrentSeparator->RecordingSuspended ? CurrentSeparator : nullptr;
-  const std::uint64_t serial = scope ? scope->Serial : 0;
-  if (scope) scope->RecordingSuspended = true;
-  CGenericIOState state;
-  SaveIOState(state);
-  IOManager.StartBufferReading(text, length);
-  MarkPrototypeNames();
-  while (GetCurrentTokenType() != VRMLTokenEndOfFile) ParseBlock();
-  IOManager.StopBufferReading();
-  RestoreIOState(state);
-  if (CVRMLSeparator* open = scope ? FindOpenSeparator(serial) : nullptr) open->RecordingSuspended = false;
-}
-
-// The body of an instance may have closed the scope that it stands in.
-CVRMLSeparator* CVRMLParser::FindOpenSeparator(std::uint64_t serial) {
-  for (CBasicListElement* element = SeparatorStack.GoToFirst(); element; element = element->Next) {
-    auto* separator = static_cast<CVRMLSeparator*>(element->Data);
-    if (separator->Serial == serial) return separator;
-  }
-  return nullptr;
 }

@@ -1,11 +1,15 @@
 // The dictionary of prototypes, and the marking of words that name one.
 
 #include "qelvrml/foundation/TextConversion.h"
-#include "qelvrml/parser/CVRMLParser.h"
+#include "qelvrml/parser/ParserInternals.h"
+#include "qelvrml/platform/brixex/NameIndexedList.h"
 #include "qelvrml/prototypes/CVRMLPrototype.h"
+#include "qelvrml/prototypes/PrototypeNames.h"
+
+CKelList* CVRMLParser::GetPrototypeDictionary() { return PrototypeDictionary.get(); }
 
 CVRMLPrototype* CVRMLParser::FindPrototype(const CBasicString& name) {
-  return static_cast<CVRMLPrototype*>(PrototypeDictionary.FindKey(name.GetHash()));
+  return static_cast<CVRMLPrototype*>(PrototypeDictionary->FindKey(name.GetHash()));
 }
 
 CVRMLPrototype* CVRMLParser::FindPrototype(const char* name) {
@@ -13,30 +17,31 @@ CVRMLPrototype* CVRMLParser::FindPrototype(const char* name) {
 }
 
 bool CVRMLParser::AddPrototypeToDictionary(CVRMLPrototype* prototype) {
-  return prototype && PrototypeDictionary.AddTail(prototype);
+  return prototype && PrototypeDictionary->AddTail(prototype);
 }
 
 bool CVRMLParser::RemovePrototypeFromDictionary(CVRMLPrototype* prototype) {
   if (!prototype) return false;
-  PrototypeDictionary.Remove(prototype);
+  PrototypeDictionary->Remove(prototype);
   return true;
 }
 
 void CVRMLParser::ClearPrototypeDictionary() {
-  for (CBasicListElement* element = PrototypeDictionary.GoToFirst(); element; element = element->Next) {
+  for (CBasicListElement* element = PrototypeDictionary->GoToFirst(); element; element = element->Next) {
     delete static_cast<CVRMLPrototype*>(element->Data);
   }
-  PrototypeDictionary.RemoveAll();
+  PrototypeDictionary->RemoveAll();
 }
 
-// A word that is nothing else may name a prototype that is known by now.
-void CVRMLParser::MarkPrototypeNames() {
-  if (PrototypeDictionary.GetCount() == 0) return;
-  const auto mark = [this](CGenericToken& token, std::string_view text) {
-    if (!PrototypeDictionary.FindKey(qelvrml::HashNarrow(text))) return;
+void qelvrml::MarkPrototypeNames(CVRMLParser& parser) {
+  NameIndexedList& prototypes = ParserInternals::Prototypes(parser);
+  if (prototypes.GetCount() == 0) return;
+  const auto mark = [&prototypes](CGenericToken& token, std::string_view text) {
+    if (!prototypes.FindKey(HashNarrow(text))) return;
     token.SetDataType(GenericTokenUserDefined);
     token.SetUserDefinedType(VRMLTokenProtoUse);
   };
-  if (GetCurrentTokenType() == VRMLTokenUnknown) mark(IOManager.GetCurrentToken(), IOManager.GetCurrentTokenText());
-  if (GetNextTokenType() == VRMLTokenUnknown) mark(IOManager.GetNextToken(), IOManager.GetNextTokenText());
+  CVRMLIOManager& tokens = *parser.GetIOManager();
+  if (parser.GetCurrentTokenType() == VRMLTokenUnknown) mark(tokens.GetCurrentToken(), tokens.GetCurrentTokenText());
+  if (parser.GetNextTokenType() == VRMLTokenUnknown) mark(tokens.GetNextToken(), tokens.GetNextTokenText());
 }

@@ -3,11 +3,9 @@
 #include "qelvrml/parser/CVRMLParser.h"
 #include "qelvrml/platform/brixex/brixMatrixFunctions.h"
 #include "qelvrml/platform/brixex/shapes/PointRange.h"
+#include "qelvrml/scene/Shininess.h"
 
 namespace {
-
-constexpr double DefaultShininess = 64.0;
-constexpr double ShininessScale = 128.0;
 
 brixDoubleArray OneValue(double value) {
   brixDoubleArray values;
@@ -22,7 +20,7 @@ void CVRMLSeparator::Initialize() {
   Parser = nullptr;
   Transformation.SetIdentity();
   MaterialBinding = VRMLBindingDefault;
-  SetShininess(DefaultShininess);
+  SetShininess(qelvrml::DefaultShininess);
   SetTransparency(0.0);
   NormalBinding = VRMLBindingDefault;
   DictionaryEntry = nullptr;
@@ -60,7 +58,9 @@ void CVRMLSeparator::TransformPoints(brixFloatPointArray& points) const {
   qelvrml::Transform(points.Edit(), Transformation);
 }
 
-void CVRMLSeparator::SetShininess(double value) { Shininess = OneValue(value > 1.0 ? value / ShininessScale : value); }
+void CVRMLSeparator::SetShininess(double value) {
+  Shininess = OneValue(value > 1.0 ? value / qelvrml::ShininessScale : value);
+}
 void CVRMLSeparator::SetTransparency(double value) { Transparency = OneValue(value); }
 
 CKelTextureManager* CVRMLSeparator::GetTextureManager() const { return Parser ? Parser->GetTextureManager() : nullptr; }

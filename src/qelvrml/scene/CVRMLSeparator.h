@@ -1,7 +1,5 @@
 #pragma once
 
-#include <cstdint>
-
 #include "qelvrml/foundation/VRMLExport.h"
 #include "qelvrml/platform/brix/brixArrays.h"
 #include "qelvrml/platform/brix/brixMaterial.h"
@@ -11,7 +9,7 @@
 #include "qelvrml/scene/VRMLBindingTypes.h"
 
 class CKelTextureManager;
-class CVRMLDictionarySeparator;
+class CVRMLDictionaryEntry;
 class CVRMLParser;
 
 /// Everything that is in force at one place of a scene.
@@ -69,9 +67,11 @@ public:
 
   VRMLBindingTypes GetMaterialBinding() const { return MaterialBinding; }
   void SetMaterialBinding(VRMLBindingTypes binding) { MaterialBinding = binding; }
+  /// Inherited like the material binding; nothing here reads it, for the model computes its normals.
   VRMLBindingTypes GetNormalBinding() const { return NormalBinding; }
   void SetNormalBinding(VRMLBindingTypes binding) { NormalBinding = binding; }
 
+  /// Ambient colours are kept and inherited for hosts; no material of an object takes them.
   brixChromaArray& GetAmbientColor() { return AmbientColor; }
   void SetAmbientColor(const brixChromaArray& colours) { AmbientColor = colours; }
   brixChromaArray& GetDiffuseColor() { return DiffuseColor; }
@@ -90,9 +90,9 @@ public:
   void SetTransparency(const brixDoubleArray& values) { Transparency = values; }
   void SetTransparency(double value);
 
-  /// The entry that this scope's content is recorded into; null for none; not owned.
-  CVRMLDictionarySeparator* GetDictionaryEntry() const { return DictionaryEntry; }
-  void SetDictionaryEntry(CVRMLDictionarySeparator* entry) { DictionaryEntry = entry; }
+  /// The separator entry that this scope's content is recorded into; null for none; not owned.
+  CVRMLDictionaryEntry* GetDictionaryEntry() const { return DictionaryEntry; }
+  void SetDictionaryEntry(CVRMLDictionaryEntry* entry) { DictionaryEntry = entry; }
   CVRMLParser* GetParser() const { return Parser; }
   void SetParser(CVRMLParser* parser) { Parser = parser; }
   CVRMLTextureState& GetTextureState() { return TextureState; }
@@ -125,12 +125,11 @@ public:
   bool HasTexture();
   /// White under a texture; true if there is one.
   bool ApplyTextureMaterial(brixMatProps& material);
-  /// Registers the waiting texture coordinates for an object and consumes them.
+  /// Registers the waiting texture coordinates for an object and consumes them. False, and the object is without a
+  /// texture, if there are none, or the manager doesn't take the record or there is no memory for it.
   bool AttachTexture(brixBaseObject* object);
 
 private:
-  friend class CVRMLParser;
-
   brixMatProps GetPartMaterial(int part, int first, int count) const;
   brixChroma GetMeanColour(int part, int first, int count) const;
   int GetMaterialIndexOfPart(int part) const;
@@ -151,11 +150,9 @@ private:
   brixDoubleArray Shininess;
   brixDoubleArray Transparency;
   VRMLBindingTypes NormalBinding;
-  CVRMLDictionarySeparator* DictionaryEntry;
+  CVRMLDictionaryEntry* DictionaryEntry;
   CVRMLParser* Parser;
   CVRMLTextureState TextureState;
   mutable brixIntArray LaidOutRuns;     ///< the material indices that LaidOutIndices was made from
   mutable brixIntArray LaidOutIndices;  ///< those indices without the counts of their runs
-  std::uint64_t Serial = 0;             ///< tells this record from all others of its parser
-  bool RecordingSuspended = false;      ///< the body of a recorded instance is being read
 };

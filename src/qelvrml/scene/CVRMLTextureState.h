@@ -25,6 +25,7 @@ public:
   /// Coordinates that wait for the next object.
   brix2DFloatPointArray& GetTextureCoordinates() { return TextureCoordinates; }
   void SetTextureCoordinates(const brix2DFloatPointArray& coordinates) { TextureCoordinates = coordinates; }
+  /// The centre and the translation are kept and inherited for hosts; only scale and rotation reach the model.
   brix2DFloatPoint& GetCenter() { return Center; }
   void SetCenter(const brix2DFloatPoint& center) { Center = center; }
   brix2DFloatPoint& GetScale() { return Scale; }

@@ -1,32 +1,54 @@
 // Nodes of VRML 2.0 that hold other nodes, and the level of detail of both versions. Each opens a scope, reads its
 // children by ParseBlock, one call for each, and closes the scope.
 
-#include "qelvrml/parser/CVRMLParser.h"
+#include "qelvrml/parser/NodeReader.h"
+#include "qelvrml/parser/PassingOver.h"
+#include "qelvrml/scene/Scopes.h"
 
-void CVRMLParser::StepToOpenBrace() {
-  while (GetCurrentTokenType() != VRMLTokenOpenBrace && Tokenize()) {
+using qelvrml::NodeReader;
+
+namespace {
+
+// Handles the token at hand of a Collision; false if it has already stepped behind the field's value.
+bool ParseCollisionField(CVRMLParser& parser, bool& result) {
+  NodeReader reader(parser);
+  const VRMLTokenTypes keyword = reader.Current();
+  switch (keyword) {
+    case VRMLTokenCOLLIDE: parser.Tokenize(); return true;
+    case VRMLTokenADDCHILDREN:
+    case VRMLTokenREMOVECHILDREN:
+    case VRMLTokenPROXY: {
+      parser.Tokenize();
+      if (reader.Is(VRMLTokenNULL)) return true;
+      // A proxy isn't part of the model. Behind one that was parsed there is nothing left to step over.
+      if (qelvrml::TryPassOverByParsing(parser)) return keyword != VRMLTokenPROXY;
+      parser.SkipBlock(false);
+      return true;
+    }
+    case VRMLTokenCHILDREN:
+      parser.Tokenize();
+      if (!parser.GetCurrentTokenBeginType()) {
+        result = parser.ParseBlock();
+        return false;
+      }
+      parser.Tokenize();
+      result = reader.ParseBlocksUpToBracket() || result;
+      return true;
+    default: return true;
   }
 }
 
-// A node, whose result counts, or a list of nodes in [ ], of which one that gives true is enough. Ends behind the node,
-// or on the ].
-void CVRMLParser::ParseNodeOrList(bool& result) {
-  if (GetCurrentTokenType() != VRMLTokenOpenBracket) {
-    result = ParseBlock();
-    return;
-  }
-  Tokenize();
-  result = ParseBlocksUpToBracket() || result;
-}
+}  // namespace
 
 bool CVRMLParser::ParseGroup() {
-  StepToOpenBrace();
-  if (!DefineNodeSeparator()) return false;
+  NodeReader reader(*this);
+  reader.StepToOpenBrace();
+  if (!qelvrml::OpenNodeScope(*this)) return false;
 
   bool result = false;
-  WhileInNode([&](VRMLTokenTypes keyword) {
+  reader.WhileInNode([&](VRMLTokenTypes keyword) {
     Tokenize();
-    if (keyword == VRMLTokenCHILDREN) ParseNodeOrList(result);
+    if (keyword == VRMLTokenCHILDREN) reader.ParseNodeOrList(result);
   });
   PopSeparator();
   return result;
@@ -36,8 +58,9 @@ bool CVRMLParser::ParseAppearance() {
   if (!CurrentSeparator) return false;
 
   bool result = false;
-  StepOver({VRMLTokenOpenBrace, VRMLTokenAPPEARANCE});
-  WhileInNode([&](VRMLTokenTypes keyword) {
+  NodeReader reader(*this);
+  reader.StepOver({VRMLTokenOpenBrace, VRMLTokenAPPEARANCE});
+  reader.WhileInNode([&](VRMLTokenTypes keyword) {
     Tokenize();
     const bool isField =
         keyword == VRMLTokenMATERIAL || keyword == VRMLTokenTEXTURE || keyword == VRMLTokenTEXTURETRANSFORM;
@@ -48,20 +71,21 @@ bool CVRMLParser::ParseAppearance() {
 
 // All levels enter the model: this library doesn't pick one.
 bool CVRMLParser::ParseLevelOfDetail() {
-  StepToOpenBrace();
-  bool result = DefineNodeSeparator();
+  NodeReader reader(*this);
+  reader.StepToOpenBrace();
+  bool result = qelvrml::OpenNodeScope(*this);
   if (GetVersion() == VRMLVersion10) {
     if (GetCurrentTokenBeginType()) Tokenize();
-    while (!AtNodeEnd()) ParseBlock();
+    while (!reader.AtNodeEnd()) ParseBlock();
     result = true;
   } else {
-    WhileInNode([&](VRMLTokenTypes keyword) {
+    reader.WhileInNode([&](VRMLTokenTypes keyword) {
       brixFloatPoint center;
       brixDoubleArray ranges;
       Tokenize();
       if (keyword == VRMLTokenCENTER) ParsePoint(center);
       if (keyword == VRMLTokenRANGE) ParseFloatArray(ranges);
-      if (keyword == VRMLTokenLEVEL) ParseNodeOrList(result);
+      if (keyword == VRMLTokenLEVEL) reader.ParseNodeOrList(result);
     });
   }
   PopSeparator();
@@ -72,37 +96,11 @@ bool CVRMLParser::ParseCollision() {
   if (!CurrentSeparator) return false;
 
   bool result = false;
-  StepOver({VRMLTokenOpenBrace, VRMLTokenCOLLISION});
-  DefineNodeSeparator();
+  NodeReader(*this).StepOver({VRMLTokenOpenBrace, VRMLTokenCOLLISION});
+  qelvrml::OpenNodeScope(*this);
   while (GetCurrentTokenType() != VRMLTokenCloseBrace) {
-    if (ParseCollisionField(result) && !Tokenize()) break;
+    if (ParseCollisionField(*this, result) && !Tokenize()) break;
   }
   PopSeparator();
   return result;
-}
-
-// Handles the token at hand; false if it has already stepped behind the field's value.
-bool CVRMLParser::ParseCollisionField(bool& result) {
-  const VRMLTokenTypes keyword = GetCurrentTokenType();
-  switch (keyword) {
-    case VRMLTokenCOLLIDE: Tokenize(); return true;
-    case VRMLTokenADDCHILDREN:
-    case VRMLTokenREMOVECHILDREN:
-    case VRMLTokenPROXY: {
-      Tokenize();
-      if (GetCurrentTokenType() == VRMLTokenNULL) return true;
-      const bool parsed = SkipNode();  // a proxy isn't part of the model
-      return !parsed || keyword != VRMLTokenPROXY;
-    }
-    case VRMLTokenCHILDREN:
-      Tokenize();
-      if (!GetCurrentTokenBeginType()) {
-        result = ParseBlock();
-        return false;
-      }
-      Tokenize();
-      result = ParseBlocksUpToBracket() || result;
-      return true;
-    default: return true;
-  }
 }

@@ -2,15 +2,18 @@
 
 #include <algorithm>
 #include <memory>
+#include <new>
 
 #include "qelvrml/platform/brix/brixRunList.h"
 #include "qelvrml/platform/brixex/textures/CKelTextureManager.h"
 #include "qelvrml/scene/CVRMLSeparator.h"
+#include "qelvrml/scene/Shininess.h"
 
 namespace {
 
-constexpr float DefaultShininess = 64.0F;
-constexpr double ShininessScale = 128.0;
+using qelvrml::DefaultShininess;
+using qelvrml::ShininessScale;
+
 constexpr int BothSides = 2;  // mode of a material that both sides share
 constexpr brixChroma White(1.0F, 1.0F, 1.0F, 1.0F);
 constexpr brixChroma NoVertexColour(0.0F, 0.0F, 0.0F, 1.0F);
@@ -103,7 +106,7 @@ brixMatProps CVRMLSeparator::GetMatProps(int index) const {
 brixMatProps CVRMLSeparator::CreateMatProps(const brixChroma& colour) {
   brixMatProps material = DefaultMaterial();
   SetBoth(material, &brixMaterial::SetDiffuse, colour);
-  SetShininessOfBoth(material, DefaultShininess);
+  SetShininessOfBoth(material, static_cast<float>(DefaultShininess));
   return material;
 }
 
@@ -164,8 +167,8 @@ bool CVRMLSeparator::ApplyTextureMaterial(brixMatProps& material) {
 bool CVRMLSeparator::AttachTexture(brixBaseObject* object) {
   bool attached = false;
   CKelTextureManager* manager = object && HasTexture() ? GetTextureManager() : nullptr;
-  if (manager) {
-    auto coordinate = std::make_unique<CKelTextureCoordinate>();
+  std::unique_ptr<CKelTextureCoordinate> coordinate(manager ? new (std::nothrow) CKelTextureCoordinate : nullptr);
+  if (coordinate) {
     coordinate->SetTextureID(TextureState.GetTextureID());
     coordinate->SetParentGeometryID(static_cast<int>(object->GetId()));
     coordinate->SetCoordinates(TextureState.GetTextureCoordinates());

@@ -1,14 +1,30 @@
 // Placing finished objects in the model.
 
-#include <new>
+#include <memory>
 
 #include "qelvrml/parser/CVRMLParser.h"
 
-bool CVRMLParser::AddObjectToSeparator(brixBaseObject* object) { return PlaceObject(object); }
-bool CVRMLParser::AddObjectToSeparator(brixBaseObject* object, int index) { return PlaceObject(object, index); }
+namespace {
+
+// Places an object through one of the forms of CVRMLSeparator::AddObject.
+template <class... Choice>
+bool PlaceObject(CVRMLParser& parser, brixBaseObject* object, Choice... choice) {
+  std::unique_ptr<brixBaseObject> owned(object);
+  if (!object) return false;
+  if (!parser.CanAddObjectToSeparator()) return true;
+  parser.SetupObjectAdd(object);
+  if (!parser.GetCurrentSeparator()->AddObject(object, choice...)) return false;
+  owned.release();
+  return true;
+}
+
+}  // namespace
+
+bool CVRMLParser::AddObjectToSeparator(brixBaseObject* object) { return PlaceObject(*this, object); }
+bool CVRMLParser::AddObjectToSeparator(brixBaseObject* object, int index) { return PlaceObject(*this, object, index); }
 
 bool CVRMLParser::AddObjectToSeparator(brixBaseObject* object, int part, int first, int count) {
-  return PlaceObject(object, part, first, count);
+  return PlaceObject(*this, object, part, first, count);
 }
 
 void CVRMLParser::SetupObjectAdd(brixBaseObject* object) {
@@ -30,10 +46,6 @@ bool CVRMLSeparator::AddObject(brixBaseObject* object, const brixMatProps& mater
   brixMatProps copy = material;
   ApplyTextureMaterial(copy);
   if (!Group->AddObject(object, copy, brixTrue)) return false;
-  try {
-    AttachTexture(object);
-  } catch (const std::bad_alloc&) {
-    ClearTextureCoordinates();  // the object stays in the model without its texture
-  }
+  AttachTexture(object);
   return true;
 }

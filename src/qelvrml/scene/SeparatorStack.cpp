@@ -4,10 +4,48 @@
 #include <new>
 
 #include "qelvrml/dictionary/CVRMLDictionarySeparator.h"
-#include "qelvrml/parser/CVRMLParser.h"
+#include "qelvrml/parser/LoadState.h"
+#include "qelvrml/parser/NodeReader.h"
+#include "qelvrml/parser/ParserInternals.h"
+#include "qelvrml/scene/Scopes.h"
+
+namespace qelvrml {
+
+bool AtOpenSeparatorLimit(CVRMLParser& parser) {
+  return parser.GetSeparatorStack()->GetCount() >= MaximumOpenSeparators;
+}
+
+bool OpenNodeScope(CVRMLParser& parser) {
+  const bool opened = parser.DefineSeparator();
+  ForgetDefinedName(parser);
+  return opened;
+}
+
+void ForgetDefinedName(CVRMLParser& parser) {
+  parser.GetEntityName().Empty();
+  parser.SetDefinedEntity(false);
+}
+
+void LeaveObjectsUnnamed(CVRMLParser& parser) { parser.GetEntityName().Empty(); }
+
+}  // namespace qelvrml
+
+namespace {
+
+// A group that a scope has created goes to the group around it, or is destroyed if nothing is in it. The parent's group
+// and the world aren't the scope's to hand on.
+void HandGroupOn(const CVRMLSeparator& closing, const CVRMLSeparator* parent, CKelWorld* world) {
+  brixBaseGroup* around = parent ? parent->GetGroup() : world;
+  if (!closing.GetCreatedGroup() || closing.GetGroup() == around || closing.GetGroup() == world) return;
+  std::unique_ptr<brixBaseGroup> group(closing.GetGroup());
+  const bool filled = group && (group->GetNumObjects() > 0 || group->GetNumGroups() > 0);
+  if (filled && around && around->AddGroup(group.get(), brixTrue)) group.release();
+}
+
+}  // namespace
 
 bool CVRMLParser::DefineSeparator() {
-  if (AtOpenSeparatorLimit()) return false;
+  if (qelvrml::AtOpenSeparatorLimit(*this)) return false;
   auto separator = std::make_unique<CVRMLSeparator>();
   separator->SetParser(this);
   if (GetDefiningObjects()) {
@@ -20,31 +58,19 @@ bool CVRMLParser::DefineSeparator() {
   return true;
 }
 
-// Opens the scope of a node that reads its children itself: its DEF name isn't that of its first child.
-bool CVRMLParser::DefineNodeSeparator() {
-  const bool opened = DefineSeparator();
-  ClearDefinedName();
-  return opened;
-}
-
-void CVRMLParser::ClearDefinedName() {
-  EntityName.Empty();
-  DefinedEntity = false;
-}
-
 bool CVRMLParser::PushSeparator(CVRMLSeparator* separator) {
   if (!separator) return false;
   if (CurrentSeparator) *separator = *CurrentSeparator;
-  std::unique_ptr<CKelGroup> group;
-  if (EntityName.GetLength() > 0) {
-    group.reset(new (std::nothrow) CKelGroup);
-    if (group) group->SetGroupName(brixWRope(EntityName.GetWideText()));
-    separator->SetGroup(group.get());
+  const bool named = EntityName.GetLength() > 0;
+  std::unique_ptr<CKelGroup> group(named ? new (std::nothrow) CKelGroup : nullptr);
+  if (group) group->SetGroupName(brixWRope(EntityName.GetWideText()));
+  if (!SeparatorStack.AddHead(separator)) return false;
+  if (named) {
+    if (separator->GetCreatedGroup()) delete separator->GetGroup();
+    separator->SetCreatedGroup(group != nullptr);
+    separator->SetGroup(group.release());
   }
   if (!separator->GetGroup()) separator->SetGroup(World);
-  if (!SeparatorStack.AddHead(separator)) return false;
-  separator->SetCreatedGroup(group.release() != nullptr);
-  separator->Serial = ++LastSerial;
   CurrentSeparator = separator;
   return true;
 }
@@ -55,20 +81,10 @@ bool CVRMLParser::PopSeparator() {
   SeparatorStack.RemoveHead();
   auto* parent = static_cast<CVRMLSeparator*>(SeparatorStack.GetHead());
   CurrentSeparator = parent;
-  HandGroupOn(*closing, parent);
+  std::erase(Load->SuspendedScopes, closing.get());
+  HandGroupOn(*closing, parent, World);
   if (parent && !closing->GetDiffuseColor().IsEmpty()) parent->SetDiffuseColor(closing->GetDiffuseColor());
   return true;
-}
-
-// A group that a scope has created goes to the group around it, or is destroyed if nothing is in it.
-void CVRMLParser::HandGroupOn(CVRMLSeparator& closing, const CVRMLSeparator* parent) {
-  if (!closing.GetCreatedGroup()) return;
-  std::unique_ptr<brixBaseGroup> group(closing.GetGroup());
-  closing.SetGroup(nullptr);
-  closing.SetCreatedGroup(false);
-  const bool filled = group->GetNumObjects() > 0 || group->GetNumGroups() > 0;
-  brixBaseGroup* around = parent ? parent->GetGroup() : World;
-  if (filled && around && around->AddGroup(group.get(), brixTrue)) group.release();
 }
 
 void CVRMLParser::ClearSeparatorStack() {
@@ -77,10 +93,11 @@ void CVRMLParser::ClearSeparatorStack() {
     if (separator->GetCreatedGroup()) delete separator->GetGroup();
   }
   SeparatorStack.RemoveAll();
+  Load->SuspendedScopes.clear();
 }
 
 bool CVRMLParser::ParseSeparator() {
-  StepToOpenBrace();
+  qelvrml::NodeReader(*this).StepToOpenBrace();
   if (GetCurrentTokenType() != VRMLTokenOpenBrace) return false;
 
   // Two fields may stand in front of the statements; their values have no effect.

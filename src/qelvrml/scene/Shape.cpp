@@ -1,47 +1,55 @@
 // The Shape node. Its text is read twice, so that the appearance is in the scope before the geometry is read, whatever
 // the order of the two in the file.
 
-#include "qelvrml/parser/CVRMLParser.h"
+#include "qelvrml/parser/NodeReader.h"
+#include "qelvrml/scene/Scopes.h"
+
+using qelvrml::NodeReader;
+
+namespace {
+
+bool OpenGeometryScope(CVRMLParser& parser) {
+  CGenericIOState state;
+  parser.SaveIOState(state);
+  parser.Tokenize();
+  bool opened = false;
+  if (parser.GetIOManager()->GetCurrentToken().GetTokenLength() > 0) {
+    parser.SetEntityName(CBasicString(NodeReader(parser).Text()));
+    opened = qelvrml::OpenNodeScope(parser);
+  }
+  parser.RestoreIOState(state);
+  return opened;
+}
+
+// A geometry with a DEF has a scope of its own, whose group bears the name; the name is then read once more for the
+// objects.
+bool ParseShapeGeometry(CVRMLParser& parser) {
+  qelvrml::LeaveObjectsUnnamed(parser);
+  const bool opened = NodeReader(parser).Is(VRMLTokenDEF) && OpenGeometryScope(parser);
+  const bool result = parser.ParseBlock();
+  if (opened) parser.PopSeparator();
+  return result;
+}
+
+}  // namespace
 
 bool CVRMLParser::ParseShape() {
-  StepToOpenBrace();
-  bool result = DefineNodeSeparator();
+  NodeReader reader(*this);
+  reader.StepToOpenBrace();
+  bool result = qelvrml::OpenNodeScope(*this);
   CGenericIOState start;
   SaveIOState(start);
-  WhileInNode([&](VRMLTokenTypes keyword) {
+  reader.WhileInNode([&](VRMLTokenTypes keyword) {
     Tokenize();
     if (keyword == VRMLTokenAPPEARANCE || keyword == VRMLTokenTEXTURETRANSFORM) result = ParseBlock();
     if (keyword == VRMLTokenGEOMETRY) SkipBlock(true);
   });
   RestoreIOState(start);
-  WhileInNode([&](VRMLTokenTypes keyword) {
+  reader.WhileInNode([&](VRMLTokenTypes keyword) {
     Tokenize();
     if (keyword == VRMLTokenAPPEARANCE || keyword == VRMLTokenTEXTURETRANSFORM) SkipBlock(true);
-    if (keyword == VRMLTokenGEOMETRY) result = ParseShapeGeometry();
+    if (keyword == VRMLTokenGEOMETRY) result = ParseShapeGeometry(*this);
   });
   PopSeparator();
   return result;
-}
-
-// A geometry with a DEF has a scope of its own, whose group bears the name; the name is then read once more for the
-// objects.
-bool CVRMLParser::ParseShapeGeometry() {
-  EntityName.Empty();
-  const bool opened = GetCurrentTokenType() == VRMLTokenDEF && OpenGeometryScope();
-  const bool result = ParseBlock();
-  if (opened) PopSeparator();
-  return result;
-}
-
-bool CVRMLParser::OpenGeometryScope() {
-  CGenericIOState state;
-  SaveIOState(state);
-  Tokenize();
-  bool opened = false;
-  if (IOManager.GetCurrentToken().GetTokenLength() > 0) {
-    SetEntityName(CBasicString(IOManager.GetCurrentTokenText()));
-    opened = DefineNodeSeparator();
-  }
-  RestoreIOState(state);
-  return opened;
 }

@@ -1,45 +1,55 @@
 // The Switch node. The shape of its text decides how it is read:
 //
 //   Switch { whichChoice N choice [ ... ] }   child N alone, in the enclosing scope
-//   Switch { choice NODE }                    that node
+//   Switch { whichChoice N choice NODE }      that node, whatever N is
 //   Switch { ... }                            a separator with all its children
 
 #include "qelvrml/foundation/CutToInt.h"
-#include "qelvrml/parser/CVRMLParser.h"
+#include "qelvrml/parser/NodeReader.h"
+#include "qelvrml/parser/PassingOver.h"
+#include "qelvrml/scene/Scopes.h"
+
+using qelvrml::NodeReader;
+
+namespace {
+
+// Reads the list of children and ends on the node's }.
+void ParseChosenChild(CVRMLParser& parser, int chosen) {
+  parser.Tokenize();
+  const NodeReader reader(parser);
+  for (int i = 0; !reader.AtListEnd(); ++i) {
+    if (i == chosen) {
+      parser.ParseBlock();
+    } else {
+      parser.SkipBlock(true);
+    }
+  }
+  parser.Tokenize();
+}
+
+}  // namespace
 
 bool CVRMLParser::ParseSwitch() {
   CGenericIOState start;
   SaveIOState(start);
-  StepToOpenBrace();
+  NodeReader reader(*this);
+  reader.StepToOpenBrace();
   int chosen = -1;
   bool hasIndex = false;
-  if (!AtNodeEnd()) Tokenize();
-  if (GetCurrentTokenType() == VRMLTokenWHICHCHOICE || GetCurrentTokenType() == VRMLTokenWHICHCHILD) {
+  if (!reader.AtNodeEnd()) Tokenize();
+  if (reader.Is(VRMLTokenWHICHCHOICE) || reader.Is(VRMLTokenWHICHCHILD)) {
     double value = 0.0;
     Tokenize();
-    hasIndex = TakeNumberHere(value);
+    hasIndex = reader.TakeNumberHere(value);
     if (hasIndex) chosen = qelvrml::CutToInt(value);
   }
   Tokenize();
-  if (GetCurrentTokenType() != VRMLTokenCHOICE) {
+  if (!reader.Is(VRMLTokenCHOICE)) {
     RestoreIOState(start);
-    return ParseSeparator();
+    return qelvrml::AtOpenSeparatorLimit(*this) ? qelvrml::PassOverUnopened(*this) : ParseSeparator();
   }
   Tokenize();
-  if (!hasIndex || GetCurrentTokenType() != VRMLTokenOpenBracket) return ParseBlock();
-  ParseChosenChild(chosen);
+  if (!hasIndex || !reader.Is(VRMLTokenOpenBracket)) return ParseBlock();
+  ParseChosenChild(*this, chosen);
   return true;
-}
-
-// Reads the list of children and ends on the node's }.
-void CVRMLParser::ParseChosenChild(int chosen) {
-  Tokenize();
-  for (int i = 0; GetCurrentTokenType() != VRMLTokenCloseBracket && GetCurrentTokenType() != VRMLTokenEndOfFile; ++i) {
-    if (i == chosen) {
-      ParseBlock();
-    } else {
-      SkipBlock(true);
-    }
-  }
-  Tokenize();
 }

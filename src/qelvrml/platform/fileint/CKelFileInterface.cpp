@@ -7,10 +7,10 @@
 #include <algorithm>
 #include <cerrno>
 #include <limits>
-#include <new>
 #include <optional>
 
 #include "qelvrml/foundation/TextConversion.h"
+#include "qelvrml/platform/fileint/FileText.h"
 #include "qelvrml/platform/fileint/PathLookup.h"
 
 namespace {
@@ -65,14 +65,9 @@ int CKelFileInterface::GetFileSize() const {
 
 bool CKelFileInterface::ReadNextBlockFromFile() {
   if (Descriptor < 0) return false;
-  try {
-    auto text = std::make_shared<qelvrml::FileText>(FileSize);
-    text->Truncate(ReadBytes(text->GetBytes(), FileSize));
-    Block = std::move(text);
-  } catch (const std::bad_alloc&) {
-    ReadFailed = true;
-    return false;
-  }
+  auto text = std::make_shared<qelvrml::FileText>(FileSize);
+  text->Truncate(ReadBytes(text->GetBytes(), FileSize));
+  Block = std::move(text);
   return Block->GetSize() > 0;
 }
 

@@ -6,18 +6,9 @@
 
 #include "qelvrml/foundation/CBasicString.h"
 #include "qelvrml/foundation/VRMLExport.h"
-#include "qelvrml/platform/fileint/FileText.h"
 
 namespace qelvrml {
-
-/// Tells a file from all others, by whatever path it was opened.
-struct FileIdentity {
-  std::uint64_t Device = 0;
-  std::uint64_t Number = 0;
-
-  bool operator==(const FileIdentity& other) const = default;
-};
-
+class FileText;
 }  // namespace qelvrml
 
 /// How a file is to be opened.
@@ -32,6 +23,14 @@ enum FileInterfaceTypes : std::uint32_t {
 /// closed.
 class QELVRML_EXPORT CKelFileInterface {
 public:
+  /// Tells a file from all others, by whatever path it was opened.
+  struct FileIdentity {
+    std::uint64_t Device = 0;
+    std::uint64_t Number = 0;
+
+    bool operator==(const FileIdentity& other) const = default;
+  };
+
   CKelFileInterface() = default;
   CKelFileInterface(const CKelFileInterface& /*other*/) {}
   CKelFileInterface& operator=(const CKelFileInterface& other);
@@ -49,7 +48,7 @@ public:
   bool GetFileHandleIsValid() const { return Descriptor >= 0; }
   /// Reads what is left of the file into memory; true if there was anything.
   bool ReadNextBlockFromFile();
-  qelvrml::FileIdentity GetIdentity() const { return Identity; }
+  FileIdentity GetIdentity() const { return Identity; }
   FileInterfaceTypes IdentifyFileType(const CBasicString& /*path*/) const { return FileInterfacePlain; }
 
   /// What ReadNextBlockFromFile has read last; null if nothing.
@@ -62,7 +61,7 @@ private:
 
   int Descriptor = -1;
   std::size_t FileSize = 0;
-  qelvrml::FileIdentity Identity;
+  FileIdentity Identity;
   bool ReadFailed = false;
   std::shared_ptr<const qelvrml::FileText> Block;
 };

@@ -6,6 +6,7 @@
 
 #include "qelvrml/platform/genparse/CGenericParser.h"
 #include "qelvrml/platform/genparse/Characters.h"
+#include "qelvrml/platform/genparse/TokenSource.h"
 
 namespace {
 
@@ -72,13 +73,14 @@ void CGenericParser::DecrementOffset() {
 bool CGenericParser::FindBlockEnd(GenericTokenTypes open, GenericTokenTypes close) {
   if (!Reading.Source) return false;
   auto& known = Reading.Source->BlockEnds;
+  const bool matching = close == open + 1;  // a block between other delimiters ends elsewhere
   const char* opener = nullptr;
   if (Reading.Next.DataType == open) {
     opener = Reading.Next.Begin;
   } else if (Reading.Current.DataType == open) {
     opener = Reading.Current.Begin;
   }
-  if (const auto end = known.find(opener); end != known.end()) {
+  if (const auto end = known.find(opener); matching && end != known.end()) {
     Reading.Position = end->second;
     Reading.ScanFailed = false;
     return true;
@@ -100,7 +102,7 @@ bool CGenericParser::FindBlockEnd(GenericTokenTypes open, GenericTokenTypes clos
     } else {
       const char* begin = openers.back();
       openers.pop_back();
-      if (begin && Reading.Position - begin > RememberedLength && known.size() < RememberedBlocks) {
+      if (matching && begin && Reading.Position - begin > RememberedLength && known.size() < RememberedBlocks) {
         known.emplace(begin, Reading.Position);
       }
     }
@@ -108,16 +110,18 @@ bool CGenericParser::FindBlockEnd(GenericTokenTypes open, GenericTokenTypes clos
   return true;
 }
 
-void CGenericParser::RememberStretch(const char* begin, bool result) {
-  if (!Reading.Source || begin < Reading.Source->Text->begin() || begin > Reading.Position) return;
-  Reading.Source->PassedStretches.insert_or_assign(
+std::size_t CGenericParser::RememberStretch(const char* begin, std::uint64_t pass, bool result) {
+  if (!Reading.Source || begin < Reading.Source->Text->begin() || begin > Reading.Position) return 0;
+  Reading.Source->StretchesOf(pass).insert_or_assign(
       begin, qelvrml::PassedStretch{Reading.Position, Reading.Current, Reading.Next, result});
+  return static_cast<std::size_t>(Reading.Position - begin);
 }
 
-bool CGenericParser::StepOverStretch(bool& result) {
+bool CGenericParser::StepOverStretch(std::uint64_t pass, bool& result) {
   if (!Reading.Source) return false;
-  const auto stretch = Reading.Source->PassedStretches.find(Reading.Current.Begin);
-  if (stretch == Reading.Source->PassedStretches.end()) return false;
+  const auto& stretches = Reading.Source->StretchesOf(pass);
+  const auto stretch = stretches.find(Reading.Current.Begin);
+  if (stretch == stretches.end()) return false;
   Reading.Position = stretch->second.Position;
   Reading.Current = stretch->second.Current;
   Reading.Next = stretch->second.Next;

@@ -1,8 +1,14 @@
 #pragma once
 
+#include <memory>
+
 #include "qelvrml/foundation/CBasicString.h"
 #include "qelvrml/foundation/VRMLExport.h"
-#include "qelvrml/platform/genparse/TokenSource.h"
+#include "qelvrml/platform/genparse/CGenericToken.h"
+
+namespace qelvrml {
+struct TokenSource;
+}  // namespace qelvrml
 
 /// A snapshot of the state of a CGenericParser, its file's name and a buffer that is being read included, with room for
 /// two values of the parser above it. It shares the text with its source and is cheap to take.
@@ -23,7 +29,17 @@ public:
 private:
   friend class CGenericParser;
 
-  qelvrml::ReadingState Reading;
+  /// The whole state of reading tokens; cheap to copy, for the text is shared.
+  struct ReadingState {
+    std::shared_ptr<const qelvrml::TokenSource> Source;  ///< the text; null when nothing is being read
+    std::shared_ptr<const CBasicString> Filename;
+    const char* Position = nullptr;  ///< behind the next token
+    CGenericToken Current;
+    CGenericToken Next;
+    bool ScanFailed = false;  ///< the last scan for a block's end has come to the end of the input
+  };
+
+  ReadingState Reading;
   bool DefinedEntity = false;
   CBasicString EntityName;
 };

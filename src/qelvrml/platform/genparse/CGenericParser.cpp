@@ -4,9 +4,11 @@
 #include <cstring>
 #include <limits>
 
+#include "qelvrml/platform/fileint/FileText.h"
 #include "qelvrml/platform/genparse/Characters.h"
 #include "qelvrml/platform/genparse/KeywordIndex.h"
 #include "qelvrml/platform/genparse/NumberText.h"
+#include "qelvrml/platform/genparse/TokenSource.h"
 
 namespace {
 
@@ -55,7 +57,12 @@ CGenericToken EndToken() {
 
 }  // namespace
 
-CGenericParser::CGenericParser() { Reading.Filename = std::make_shared<const CBasicString>(); }
+CGenericParser::CGenericParser() {
+  Reading.Filename = std::make_shared<const CBasicString>();
+  EndInput();
+}
+
+const char* CGenericParser::GetEnd() const { return Reading.Source->Text->end(); }
 
 void CGenericParser::SetKeywordTable(const ParserKeywordEntry* table) {
   KeywordTable = table;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -10,7 +12,6 @@
 #include "qelvrml/platform/genparse/CGenericIOState.h"
 #include "qelvrml/platform/genparse/CGenericToken.h"
 #include "qelvrml/platform/genparse/GenericTypes.h"
-#include "qelvrml/platform/genparse/TokenSource.h"
 
 namespace qelvrml {
 class KeywordIndex;
@@ -76,10 +77,11 @@ public:
   /// the longer blocks, so that blocks inside one another are scanned once. False at the end of the input.
   bool FindBlockEnd(GenericTokenTypes open, GenericTokenTypes close);
 
-  /// Remembers that a stretch of the current text, from the token that began at `begin` to here, was passed over.
-  void RememberStretch(const char* begin, bool result);
-  /// If a stretch from the current token on was passed over before, goes to its end and gives its result.
-  bool StepOverStretch(bool& result);
+  /// Notes that a stretch of the current text, from the token that began at `begin` to here, was passed over in a pass
+  /// with that number; what was noted of another pass is forgotten. Gives the length of the stretch in bytes.
+  std::size_t RememberStretch(const char* begin, std::uint64_t pass, bool result);
+  /// If a stretch from the current token on was passed over in that pass, goes to its end and gives its result.
+  bool StepOverStretch(std::uint64_t pass, bool& result);
   /// Where the current token begins; to be handed to RememberStretch.
   const char* GetCurrentPlace() const { return Reading.Current.Begin; }
 
@@ -122,13 +124,13 @@ private:
   void ReadWord(CGenericToken& token);
   void ClassifyWord(CGenericToken& token) const;
   const char* SkipSpace(const char* p) const;
-  const char* GetEnd() const { return Reading.Source->Text->end(); }
+  const char* GetEnd() const;
 
   const ParserKeywordEntry* KeywordTable = nullptr;
   int KeywordTableSize = 0;
   std::shared_ptr<const qelvrml::KeywordIndex> Keywords;
   CKelFileInterface FileInterface;
-  qelvrml::ReadingState Reading;
+  CGenericIOState::ReadingState Reading;
   std::string InputString;
   std::string CurrentText;  ///< what the last request for a token's text was answered from
   std::string NextText;

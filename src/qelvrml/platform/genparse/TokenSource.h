@@ -1,10 +1,10 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <unordered_map>
 
-#include "qelvrml/foundation/CBasicString.h"
 #include "qelvrml/platform/fileint/FileText.h"
 #include "qelvrml/platform/genparse/CGenericToken.h"
 
@@ -27,18 +27,17 @@ struct TokenSource {
 
   /// Behind which character the block ends that opens at a character; only for longer blocks.
   mutable std::unordered_map<const char*, const char*> BlockEnds;
-  /// Stretches that were passed over, by the beginning of their first token.
-  mutable std::unordered_map<const char*, PassedStretch> PassedStretches;
-};
 
-/// The whole state of reading tokens; cheap to copy, for the text is shared.
-struct ReadingState {
-  std::shared_ptr<const TokenSource> Source;
-  std::shared_ptr<const CBasicString> Filename;
-  const char* Position = nullptr;  ///< behind the next token
-  CGenericToken Current;
-  CGenericToken Next;
-  bool ScanFailed = false;  ///< the last scan for a block's end has come to the end of the input
+  /// Stretches of one outermost pass, by the beginning of their first token. Those of another pass are forgotten.
+  std::unordered_map<const char*, PassedStretch>& StretchesOf(std::uint64_t pass) const {
+    if (pass != PassOfStretches) PassedStretches.clear();
+    PassOfStretches = pass;
+    return PassedStretches;
+  }
+
+private:
+  mutable std::unordered_map<const char*, PassedStretch> PassedStretches;
+  mutable std::uint64_t PassOfStretches = 0;
 };
 
 }  // namespace qelvrml

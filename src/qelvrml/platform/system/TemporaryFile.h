@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <string>
+#include <utility>
 
 namespace qelvrml {
 
@@ -10,8 +11,11 @@ namespace qelvrml {
 class TemporaryFile {
 public:
   TemporaryFile() = default;
-  TemporaryFile(const TemporaryFile&) = delete;
-  TemporaryFile& operator=(const TemporaryFile&) = delete;
+  TemporaryFile(TemporaryFile&& other) noexcept : Descriptor(std::exchange(other.Descriptor, -1)) {}
+  TemporaryFile& operator=(TemporaryFile&& other) noexcept {
+    std::swap(Descriptor, other.Descriptor);
+    return *this;
+  }
   ~TemporaryFile() { Close(); }
 
   /// Creates a file with that beginning and end of its name; gives its path, or nothing.

@@ -5,6 +5,7 @@
 
 #include "qelvrml/platform/brixex/textures/ImageFile.h"
 #include "qelvrml/platform/fileint/CKelFileInterface.h"
+#include "qelvrml/platform/fileint/FileText.h"
 
 bool CKelTexture::AllocatePixelArray(unsigned int count) {
   Pixels.reset();

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "qelvrml/parser/CVRMLParser.h"
+
+namespace qelvrml {
+
+/// Puts the path of a file that couldn't be opened on the list for the host, once in a load.
+void NoteMissingFile(CVRMLParser& parser, const CBasicString& path);
+
+}  // namespace qelvrml

@@ -1,0 +1,16 @@
+#include "qelvrml/parser/Budget.h"
+
+#include "qelvrml/parser/LoadState.h"
+#include "qelvrml/parser/ParserInternals.h"
+
+namespace qelvrml {
+
+bool CanMake(CVRMLParser& parser, const Making& making) {
+  const std::uint64_t cost = making.Objects * BytesOfAnObject + making.Points * BytesOfAPoint +
+                             making.Indices * BytesOfAnIndex + making.Pixels * BytesOfAPixel +
+                             making.Replays * BytesOfAReplay + making.ExpandedText * BytesOfAnExpandedByte;
+  LoadState& load = ParserInternals::Load(parser);
+  return !load.Running || load.Made.Spend(cost);
+}
+
+}  // namespace qelvrml

@@ -1,0 +1,16 @@
+#include "qelvrml/parser/LoadState.h"
+
+#include "qelvrml/parser/ParserInternals.h"
+
+namespace qelvrml {
+
+LoadRun::LoadRun(CVRMLParser& parser) : Load(ParserInternals::Load(parser)), Outermost(!Load.Running) {
+  if (Outermost) Load = LoadState();
+  Load.Running = true;
+}
+
+LoadRun::~LoadRun() {
+  if (Outermost) Load = LoadState();
+}
+
+}  // namespace qelvrml
