@@ -4,8 +4,7 @@
 #include "qelvrml/foundation/VRMLExport.h"
 #include "qelvrml/platform/brix/brixArrays.h"
 
-// Entries of the geometry nodes with point or index lists. The initial values never reach a replay: recording sets
-// every field.
+// Entries of the geometry nodes with point or index lists.
 
 /// What an indexed set was given, as run lists.
 class QELVRML_EXPORT CVRMLDictionaryIndexedSet : public CVRMLDictionaryEntry {

@@ -5,8 +5,7 @@
 #include "qelvrml/platform/brix/brixArrays.h"
 #include "qelvrml/scene/VRMLBindingTypes.h"
 
-// Entries of the materials, coordinates, normals and bindings. The initial values never reach a replay: recording sets
-// every field.
+// Entries of the materials, coordinates, normals and bindings.
 
 /// What a material was given; a field that the node lacks is an empty array.
 class QELVRML_EXPORT CVRMLDictionaryMaterial : public CVRMLDictionaryEntry {

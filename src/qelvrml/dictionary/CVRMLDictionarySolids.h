@@ -3,7 +3,7 @@
 #include "qelvrml/dictionary/CVRMLDictionaryEntry.h"
 #include "qelvrml/foundation/VRMLExport.h"
 
-// Entries of the primitive solids. The initial values never reach a replay: recording sets every field.
+// Entries of the primitive solids.
 
 /// What a cube or a box was given.
 class QELVRML_EXPORT CVRMLDictionaryCube : public CVRMLDictionaryEntry {

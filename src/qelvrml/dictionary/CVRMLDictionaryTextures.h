@@ -6,7 +6,7 @@
 #include "qelvrml/platform/brix/brixFloatPoint.h"
 #include "qelvrml/platform/brixex/textures/CKelTextureTypes.h"
 
-// Entries of the texture nodes. The initial values never reach a replay: recording sets every field.
+// Entries of the texture nodes.
 
 /// Which texture was put in force, and how it repeats.
 class QELVRML_EXPORT CVRMLDictionaryTexture : public CVRMLDictionaryEntry {

@@ -5,7 +5,7 @@
 #include "qelvrml/platform/brix/brixFloatPoint.h"
 #include "qelvrml/platform/brix/brixMatrix4x4.h"
 
-// Entries of the transformations. The initial values never reach a replay: recording sets every field.
+// Entries of the transformations.
 
 /// What a transform was given.
 class QELVRML_EXPORT CVRMLDictionaryTransform : public CVRMLDictionaryEntry {

@@ -34,6 +34,9 @@ class CVRMLPrototype;
 /// a second load on the same parser still knows the names of the first. A parser is used by one thread at a time, and
 /// its callbacks run on that thread. Bad input raises nothing: what can't be read is passed over.
 ///
+/// When memory runs out, a model object that can't be made is left out of the model; any other failed allocation leaves
+/// the operation as std::bad_alloc.
+///
 /// The parse operations read tokens: they begin with the current token on their node's keyword and end with it on the
 /// node's last token. The define operations take values, read no tokens, and work on the current separator. A false
 /// result means that there was nothing to work on or nothing was read.

@@ -148,5 +148,5 @@ enum VRMLTokenTypes : std::uint32_t {
   VRMLTokenIMAGE = 142,
 };
 
-/// Number of token values; the values run from 0 and leave out 17.
+/// Number of token values. They run from 0 and leave out 17, for hosts share the numbers in tables of their own.
 inline constexpr std::uint32_t VRMLTokenCount = 143;

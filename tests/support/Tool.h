@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string>
+
+/// What a run of the qelvrml command has left.
+struct ToolOutput {
+  int Status;
+  std::string Out;
+  std::string Error;
+};
+
+/// Runs the command by a shell.
+ToolOutput RunTool(const std::string& arguments);
+/// The bytes of a file.
+std::string ReadWholeFile(const std::string& path);
