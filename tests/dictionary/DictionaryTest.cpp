@@ -43,6 +43,39 @@ TEST(Dictionary, UsesReplayWhatIsDefined) {
   }
 }
 
+// The body of an instance is read for its effect; what stands in it belongs to the instance's entry alone.
+TEST(Dictionary, InstancesLeaveTheRecordingAroundThemInPlace) {
+  struct Case {
+    std::string Scene;
+    std::string Classes;
+  };
+  for (const auto& [scene, classes] :
+       {Case{"PROTO P [] { DEF a Group { children Shape { geometry Box {} } } } "
+             "DEF a Group { children [ P {} Shape { geometry Sphere {} } ] } USE a",
+             "brixBox brixSphere brixBox brixSphere"},
+        Case{"PROTO Chair [ ] { DEF Chair Shape { geometry Box {} } } "
+             "DEF g Group { children [ DEF Chair Chair { } Shape { geometry Sphere {} } ] } USE g",
+             "brixBox brixSphere brixBox brixSphere"},
+        Case{"PROTO P [ ] { Shape { geometry Box {} } } DEF i P { } USE i DEF g Group { children [ USE i P { } ] } USE "
+             "g",
+             "brixBox brixBox brixBox brixBox brixBox brixBox"}}) {
+    EXPECT_EQ(Sorted(Load20(scene).Classes()), Sorted(classes)) << scene;
+  }
+}
+
+// The names at hand belong to the node that the host is about to make, not to the body that is read again.
+TEST(Dictionary, ReplaysOutsideALoadLeaveTheNameAtHand) {
+  Model model = Load20("PROTO P [ ] { DEF inner Shape { geometry Box {} } } DEF i P { }");
+  CVRMLParser& parser = *model.Parser;
+  ASSERT_TRUE(parser.DefineSeparator());
+  parser.SetEntityName("mine");
+  parser.SetDefinedEntity(true);
+  EXPECT_TRUE(parser.DefineUse("i"));
+  EXPECT_TRUE(parser.GetEntityName() == "mine");
+  EXPECT_TRUE(parser.GetDefinedEntity());
+  EXPECT_TRUE(parser.PopSeparator());
+}
+
 TEST(Dictionary, AUseTakesTheStateOfItsPlace) {
   const Model model = Load(R"(
     DEF c Cube {}

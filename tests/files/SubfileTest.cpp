@@ -47,12 +47,12 @@ TEST_F(SubfileTest, MissingFilesAreNoted) {
   Folder.Write("text.wrl", "no header");
   const Model model =
       LoadMain(R"(Inline { url "none.wrl" } Inline { url "none.wrl" } Inline { url "text.wrl" } Inline { }
-    Inline { url [ ] } EXTERNPROTO P [ field SFFloat f ] "lost.wrl#P" Box {})");
+    Inline { url [ ] } Inline { url word.wrl } EXTERNPROTO P [ field SFFloat f ] "lost.wrl#P" Box {})");
   EXPECT_EQ(model.Classes(), "brixBox");
   std::vector<std::string> missing;
   for (const CBasicString& path : model.Parser->GetMissingFiles())
     missing.push_back(std::filesystem::path(path.GetNarrowText()).filename());
-  EXPECT_THAT(missing, testing::ElementsAre("none.wrl", "lost.wrl#P"));
+  EXPECT_THAT(missing, testing::ElementsAre("none.wrl", "word.wrl", "lost.wrl#P"));
 }
 
 TEST_F(SubfileTest, ExternPrototypesAreReadInPlace) {

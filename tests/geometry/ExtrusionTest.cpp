@@ -4,7 +4,9 @@
 #include <cmath>
 #include <limits>
 #include <numbers>
+#include <random>
 
+#include "qelvrml/geometry/CVRMLLoopIndexPair.h"
 #include "qelvrml/platform/brixex/brixPointSorting.h"
 #include "qelvrml/platform/brixex/shapes/CKelPolyMesh.h"
 #include "qelvrml/platform/brixex/shapes/CKelPolyface.h"
@@ -146,6 +148,7 @@ class LoopParser : public CVRMLParser {
 public:
   using CVRMLParser::CreateIndexPair;
   using CVRMLParser::DetermineLoopsFromPoints;
+  using CVRMLParser::SortIndexPairList;
 };
 
 // Letters are points; each string of the result is a loop, in the order in which they are found.
@@ -170,6 +173,51 @@ TEST(Cap, LoopsOfARow) {
       found.push_back(letters);
     }
     EXPECT_EQ(found, expected) << row;
+  }
+}
+
+/// The told order of pairs: a quicksort around the last pair's start, from the largest to the smallest.
+void SortAsTold(std::vector<std::pair<int, int>>& pairs, int first, int last) {
+  if (last <= first) return;
+  const auto at = [&pairs](int place) -> std::pair<int, int>& { return pairs[static_cast<std::size_t>(place)]; };
+  const int pivot = at(last).first;
+  int i = first - 1;
+  int j = last;
+  std::pair<int, int> moved;
+  do {
+    do ++i;
+    while (i != last && at(i).first > pivot);
+    do --j;
+    while (j != first && at(j).first < pivot);
+    moved = at(i);
+    at(i) = at(j);
+    at(j) = moved;
+  } while (j > i);
+  at(j) = at(i);
+  at(i) = at(last);
+  at(last) = moved;
+  SortAsTold(pairs, first, i - 1);
+  SortAsTold(pairs, i + 1, last);
+}
+
+TEST(Cap, PairsOfEqualStarts) {
+  std::mt19937 random(7);
+  for (int round = 0; round < 200; ++round) {
+    std::vector<std::pair<int, int>> expected;
+    CKelList pairs;
+    for (int i = 0; i < 1 + round % 20; ++i) {
+      const int start = static_cast<int>(random() % 4);
+      expected.emplace_back(start, 100 + i);
+      LoopParser::CreateIndexPair(pairs, start, 100 + i);
+    }
+    LoopParser::SortIndexPairList(pairs, 0, pairs.GetCount() - 1);
+    SortAsTold(expected, 0, static_cast<int>(expected.size()) - 1);
+    std::vector<std::pair<int, int>> sorted;
+    for (CBasicListElement* element = pairs.GoToFirst(); element; element = element->Next) {
+      const std::unique_ptr<CVRMLLoopIndexPair> pair(static_cast<CVRMLLoopIndexPair*>(element->Data));
+      sorted.emplace_back(pair->GetStart(), pair->GetEnd());
+    }
+    ASSERT_EQ(sorted, expected) << round;
   }
 }
 

@@ -47,6 +47,47 @@ TEST(Dispatch, SkippingBehindADefHasNoEffect) {
   EXPECT_TRUE(model.Parser->GetAllowDictionaryUpdate());
 }
 
+// What is passed over twice is parsed twice, with what that does to the colours in force; where an earlier pass ended
+// says nothing about a reading that counts.
+TEST(Dispatch, PassesOverAsOftenAsItStandsThere) {
+  const Model instance = Load20(R"(Transform { children DEF k Group { children [
+    PROTO Foo [] { Shape { geometry Sphere { radius 40 } } }
+    Switch { whichChoice 1 choice [ DEF x Foo {} Shape { geometry Sphere { radius 30 } } ] } ] } })");
+  ASSERT_EQ(instance.Classes(), "brixSphere");
+  EXPECT_THAT(instance.Extents(0), IsPoint(60, 60, 60));
+  EXPECT_TRUE(instance.Group("k"));
+
+  const Model colours = Load20(R"(Transform { children DEF x Group { children [
+    Shape { appearance Appearance { material Material { diffuseColor 1 0 0 } } geometry Sphere { radius 32 } }
+    Transform { children DEF y Group { children [
+      Shape { geometry Sphere { radius 30 } }
+      Shape { appearance Appearance { material Material { diffuseColor 0 1 0 } } geometry Sphere { radius 31 } } ] } }
+    ] } })");
+  ASSERT_EQ(colours.Classes(), "brixSphere brixSphere brixSphere");
+  EXPECT_THAT(colours.Extents(0), IsPoint(64, 64, 64));
+  EXPECT_THAT(colours.Diffuse(0), IsColour(1, 0, 0));
+  EXPECT_THAT(colours.Diffuse(1), IsColour(0, 1, 0)) << "left by passing over the group";
+  EXPECT_THAT(colours.Diffuse(2), IsColour(0, 1, 0));
+}
+
+// Parsing what is passed over doubles with each name inside another; 40 of them would take years.
+TEST(Dispatch, NamesInsideNamesAreBounded) {
+  std::string open;
+  std::string close;
+  for (int i = 0; i < 40; ++i) {
+    open += "Transform { children DEF n" + std::to_string(i) + " ";
+    close += "} ";
+  }
+  EXPECT_EQ(Load20(open + "Group { children Box {} } " + close + "Sphere { }").Classes(), "brixSphere brixBox");
+}
+
+// A keyword that is dropped without a block behind it takes nothing else with it.
+TEST(Dispatch, DroppedKeywordsWithoutABlock) {
+  for (const std::string word : {"PointLight", "SpotLight NULL", "Normal NULL", "FontStyle"}) {
+    EXPECT_EQ(Load20("Group { children [ " + word + " Box {} ] } Sphere {}").Classes(), "brixBox brixSphere") << word;
+  }
+}
+
 // Both sides of the bounds on nesting: each statement inside brackets takes one more call.
 TEST(Dispatch, DeepNestingIsScannedPast) {
   const auto nested = [](int depth, const std::string& inside) {
@@ -70,6 +111,16 @@ TEST(Dispatch, TooManyOpenSeparatorsAreScannedPast) {
   EXPECT_EQ(Load(nested(499)).Classes(), "brixBox brixSphere") << "with the root there are 500";
   EXPECT_EQ(Load(nested(500)).Classes(), "brixSphere");
   EXPECT_EQ(Load(nested(50000)).Classes(), "brixSphere");
+  // The next node of a list behind the 500th is read as ever.
+  for (const int depth : {499, 500}) {
+    std::string open;
+    std::string close;
+    for (int i = 1; i < depth; ++i) open += "Separator { ", close += "} ";
+    const std::string inner = "Transform { translation 9 0 0 } Separator { Cube {} } Sphere {} ";
+    const Model model = Load(open + inner + close + "Cube {}");
+    EXPECT_EQ(model.Classes(), depth == 499 ? "brixBox brixSphere brixBox" : "brixSphere brixBox");
+    EXPECT_THAT(model.Centre(0), IsPoint(9, 0, 0)) << "this transform opens no scope";
+  }
 }
 
 // Every beginning of a scene that holds a bit of everything: loaded or refused, and nothing leaks.

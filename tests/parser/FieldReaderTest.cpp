@@ -112,21 +112,24 @@ TEST(FieldReader, IndexListsBecomeRuns) {
   }
 }
 
+// A count stands behind the whole run before it; what runs out stays 0.
 TEST(FieldReader, CountsThatPromiseTooMuchStayInTheArray) {
-  CKelList values;
-  CKelList counts;
-  values.SetIntegerElements();
-  counts.SetIntegerElements();
-  int value = 4;
-  int count = 1000000000;
-  values.AddTailValue(&value);
-  counts.AddTailValue(&count);
-  counts.AddTailValue(&count);
-  brixIntArray merged;
-  CVRMLParser::MergeIndexLists(merged, values, counts);
-  EXPECT_THAT(Values(merged), ElementsAre(count, 4, 0));
-  values.RemoveAllValues();
-  counts.RemoveAllValues();
+  const auto merged = [](std::vector<int> values, std::vector<int> counts) {
+    CKelList valueList;
+    CKelList countList;
+    valueList.SetIntegerElements();
+    countList.SetIntegerElements();
+    for (int& value : values) valueList.AddTailValue(&value);
+    for (int& count : counts) countList.AddTailValue(&count);
+    brixIntArray runs;
+    CVRMLParser::MergeIndexLists(runs, valueList, countList);
+    valueList.RemoveAllValues();
+    countList.RemoveAllValues();
+    return Values(runs);
+  };
+  EXPECT_THAT(merged({4}, {1000000000, 1000000000}), ElementsAre(1000000000, 4, 0));
+  EXPECT_THAT(merged({1, 2}, {1, 3, 1}), ElementsAre(1, 1, 3, 2, 0));
+  EXPECT_THAT(merged({1, 2, 3}, {1, -5, 1}), ElementsAre(1, 1, -5, 1, 2, 0));
 }
 
 }  // namespace

@@ -89,6 +89,71 @@ TEST(Load, OpenScopesOfAnEarlierLoadLeadIntoTheNewWorld) {
   EXPECT_EQ(parser.GetSeparatorStack()->GetCount(), 0);
 }
 
+// What a load finds out is its own; names, prototypes and the last warning stay, as a host may want them.
+TEST(Load, ASecondLoadFindsOutAnew) {
+  const TemporaryFolder folder;
+  const std::string first = folder.Write("first.wrl", R"(#VRML V2.0 utf8
+    PROTO Ball [ ] { Sphere { radius 30 } } Extrusion { } Inline { url "none.wrl" }
+    Shape { appearance Appearance { texture ImageTexture { url "none.png" } } geometry DEF left Box { })");
+  Model model = LoadFile(first);
+  EXPECT_EQ(model.Result, VRMLLoadWarnings);
+  EXPECT_EQ(model.Units(), VRMLUnitsCentimeters);
+  EXPECT_EQ(model.Parser->GetVersion(), VRMLVersion20);
+  EXPECT_EQ(model.Parser->GetMissingFiles().size(), 2U);
+
+  CKelWorld second;
+  const std::string text = "#VRML V1.0 ascii\nCube { width 50 } Ball { } Cone { parts SIDES }";
+  EXPECT_EQ(model.Parser->Parse(&second, folder.Write("second.wrl", text).c_str()), VRMLLoadWarnings);
+  EXPECT_EQ(model.Parser->GetLastWarning(), VRMLWarningExtrusionData);
+  EXPECT_EQ(model.Parser->GetImageUnits(), VRMLUnitsMeters);
+  EXPECT_EQ(model.Parser->GetVersion(), VRMLVersion10);
+  EXPECT_TRUE(model.Parser->GetMissingFiles().empty());
+  EXPECT_EQ(second.GetNumObjects(), 3 + 1) << "a cone has its base in version 1.0";
+  EXPECT_EQ(second.GetNumGroups(), 0) << "the last name of the first file is no group of the second";
+  CheckModel(second);
+
+  CKelWorld third;
+  model.Parser->SetLastWarning(VRMLWarningNone);
+  EXPECT_EQ(model.Parser->Parse(&third, first.c_str()), VRMLLoadWarnings);
+  EXPECT_EQ(model.Parser->GetMissingFiles().size(), 2U) << "missing again";
+}
+
+// A subfile that the host reads after a load may be that load's main file, and goes to the world that the host gives.
+TEST(Load, HostsReadOnAfterALoad) {
+  const TemporaryFolder folder;
+  const std::string path = folder.Write("main.wrl", "#VRML V2.0 utf8\nDEF b Box {} Inline { url \"main.wrl\" }");
+  CVRMLParser parser;
+  CKelWorld first;
+  parser.Parse(&first, path.c_str());
+  EXPECT_EQ(first.GetNumObjects(), 1);
+  CKelWorld second;
+  parser.SetWorld(&second);
+  ASSERT_TRUE(parser.DefineSeparator());
+  EXPECT_TRUE(parser.ParseSubfile(path.c_str()));
+  EXPECT_TRUE(parser.DefineUse("b"));
+  parser.PopSeparator();
+  EXPECT_EQ(first.GetNumObjects(), 1);
+  EXPECT_EQ(second.GetNumObjects(), 2);
+}
+
+CVRMLParser* LoadingParser = nullptr;
+VRMLLoadResultTypes NestedResult = VRMLLoadOK;
+
+TEST(Load, ALoadInsideALoadIsRefused) {
+  const TemporaryFolder folder;
+  CVRMLParser parser;
+  LoadingParser = &parser;
+  parser.SetLoaderPtr([](int) {
+    CKelWorld other;
+    NestedResult = LoadingParser->Parse(&other, "/no/such/file.wrl");
+  });
+  CKelWorld world;
+  const std::string scene = "#VRML V1.0 ascii\nCube {} Cube {} Cube {}";
+  EXPECT_EQ(parser.Parse(&world, folder.Write("scene.wrl", scene).c_str()), VRMLLoadOK);
+  EXPECT_EQ(NestedResult, VRMLLoadFailed);
+  EXPECT_EQ(world.GetNumObjects(), 3);
+}
+
 TEST(Load, CopiesOwnNothingOfTheOriginal) {
   const Model model = Load("DEF a Cube {}");
   CVRMLParser copy(*model.Parser);
@@ -98,6 +163,11 @@ TEST(Load, CopiesOwnNothingOfTheOriginal) {
   copy = copy;
   copy = *model.Parser;
   EXPECT_EQ(copy.GetObjectDictionary()->GetCount(), 0);
+  CKelWorld world;
+  const TemporaryFolder folder;
+  EXPECT_EQ(copy.Parse(&world, folder.Write("scene.wrl", "#VRML V1.0 ascii\nCube {}").c_str()), VRMLLoadOK);
+  EXPECT_EQ(world.GetNumObjects(), 1);
+  EXPECT_EQ(model.Size(), 1U);
 }
 
 TEST(Load, WithoutAWorldNothingIsPlaced) {

@@ -173,8 +173,9 @@ TEST_F(TextureTest, PixelTextures) {
        {Case{"2 1 3 0xFF0000 0x00FF00", 1, {255, 0, 0, 0}}, Case{"1 1 4 0xFF000080", 1, {255, 0, 0, 0}},
         Case{"1 1 1 255", 0, {}}, Case{"0 5 3 1 2 3", 0, {}}, Case{"-1 -1 3 5", 0, {}},
         Case{"1 1 3 0x010203 0x040506 0x070809", 1, {1, 2, 3, 0}}, Case{"2 2 3 16711680.9", 1, {255, 0, 0, 0}},
-        Case{"1 1 3 -1", 1, {255, 255, 255, 0}}, Case{"word 1 3 5", 0, {}}, Case{"100000 100000 3 5", 1, {}},
-        Case{"2 2 3", 1, {0, 0, 0, 0}}}) {
+        Case{"1 1 3 -1", 1, {255, 255, 255, 0}}, Case{"1 1 3 0x7FFFFFFF00000000", 1, {0, 0, 0, 0}},
+        Case{"1 1 3 0x8000000000000000", 1, {255, 255, 255, 0}}, Case{"word 1 3 5", 0, {}},
+        Case{"100000 100000 3 5", 1, {}}, Case{"2 2 3", 1, {0, 0, 0, 0}}}) {
     const Model model = LoadShapes(Textured("PixelTexture { repeatS FALSE image " + image + " }"));
     const CKelTextureManager& textures = *model.World->GetTextureManager();
     ASSERT_EQ(textures.GetNumberTextures(), count) << image;

@@ -34,6 +34,28 @@ TEST(Separator, OnlyNamedScopesWithContentAreGroups) {
   EXPECT_EQ(ToString(model.World->GetGroupAt(1)->GetGroupName()), "last");
 }
 
+// A group that a host has given to its separator is the host's, unless the separator says that it made it.
+TEST(Separator, GroupsOfAHost) {
+  CVRMLParser parser;
+  CKelWorld world;
+  parser.SetWorld(&world);
+  CKelGroup own;
+  auto* around = new CVRMLSeparator;
+  around->SetGroup(&own);
+  ASSERT_TRUE(parser.PushSeparator(around));
+  EXPECT_EQ(around->GetGroup(), &own);
+  auto* inner = new CVRMLSeparator;
+  inner->SetCreatedGroup(true);
+  ASSERT_TRUE(parser.PushSeparator(inner));
+  EXPECT_EQ(inner->GetGroup(), &own) << "shared with the scope around it";
+  inner->SetCreatedGroup(true);
+  ASSERT_TRUE(parser.PopSeparator()) << "the group around isn't its own to give away";
+  EXPECT_TRUE(parser.DefineSphere(1));
+  EXPECT_EQ(own.GetNumObjects(), 1);
+  EXPECT_TRUE(parser.PopSeparator());
+  EXPECT_EQ(world.GetNumGroups(), 0);
+}
+
 TEST(Separator, NamesOfObjectsComeFromTheirOwnDef) {
   const Model model = Load("DEF g Separator { Cube {} DEF c Cylinder {} }");
   ASSERT_EQ(model.Size(), 4U);
@@ -100,6 +122,45 @@ protected:
   }
   CVRMLSeparator Separator;
 };
+
+// What a material says, once for each place that may see it; the ambient colour alone is the library's own.
+TEST_F(MaterialTest, EveryValueReachesTheObjectsOfItsScope) {
+  const Model model = Load(R"(
+    Separator { Material { ambientColor 0.1 0.2 0.3 diffuseColor 0.4 0.5 0.6 specularColor 0.7 0.8 0.9
+                           emissiveColor 0.15 0.25 0.35 shininess 0.75 transparency 0.125 }
+      Cube {} Separator { Cube {} } Separator { Material { diffuseColor 1 0 0 } Cube {} } Cube {} }
+    Cube {})");
+  ASSERT_EQ(model.Size(), 5U);
+  const auto expect = [&model](std::size_t index, const std::vector<testing::Matcher<const brixChroma&>>& colours,
+                               float shininess) {
+    for (const brixMaterial& side :
+         {model.Object(index).GetMatProps().GetFrontMaterial(), model.Object(index).GetMatProps().GetBackMaterial()}) {
+      brixChroma colour;
+      side.GetAmbient(colour);
+      EXPECT_THAT(colour, colours[0]) << "ambient " << index;
+      side.GetDiffuse(colour);
+      EXPECT_THAT(colour, colours[1]) << "diffuse " << index;
+      side.GetSpecular(colour);
+      EXPECT_THAT(colour, colours[2]) << "specular " << index;
+      side.GetEmission(colour);
+      EXPECT_THAT(colour, colours[3]) << "emission " << index;
+      EXPECT_EQ(side.GetShininess(), shininess) << index;
+    }
+  };
+  const auto none = [](float alpha) { return IsColour(0, 0, 0, alpha); };
+  const auto ambient = [](float alpha) { return IsColour(0.2F, 0.2F, 0.2F, alpha); };
+  for (const std::size_t index : {0U, 1U})
+    expect(index,
+           {ambient(0.875F), IsColour(0.4F, 0.5F, 0.6F, 0.875F), IsColour(0.7F, 0.8F, 0.9F, 0.875F),
+            IsColour(0.15F, 0.25F, 0.35F, 0.875F)},
+           96);
+  expect(2, {ambient(1), IsColour(1, 0, 0), none(1), none(1)}, 64);
+  expect(3,
+         {ambient(0.875F), IsColour(1, 0, 0, 0.875F), IsColour(0.7F, 0.8F, 0.9F, 0.875F),
+          IsColour(0.15F, 0.25F, 0.35F, 0.875F)},
+         96);
+  expect(4, {ambient(1), IsColour(1, 0, 0), none(1), none(1)}, 64);
+}
 
 TEST_F(MaterialTest, DefaultsAreWhiteAndShiny) {
   const brixMatProps material = Separator.GetMatProps();
