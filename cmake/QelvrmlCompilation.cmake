@@ -1,13 +1,16 @@
 # What every target of the project is compiled with.
 
-if(NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
-  set(CMAKE_BUILD_TYPE Release CACHE STRING "Kind of build" FORCE)
-endif()
-set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+# A project that this one is a part of decides these for itself.
+if(PROJECT_IS_TOP_LEVEL)
+  if(NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
+    set(CMAKE_BUILD_TYPE Release CACHE STRING "Kind of build" FORCE)
+  endif()
+  set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 
-find_program(CCACHE_PROGRAM ccache)
-if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
-  set(CMAKE_CXX_COMPILER_LAUNCHER "${CCACHE_PROGRAM}")
+  find_program(CCACHE_PROGRAM ccache)
+  if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+    set(CMAKE_CXX_COMPILER_LAUNCHER "${CCACHE_PROGRAM}")
+  endif()
 endif()
 
 function(qelvrml_compilation target)
@@ -24,11 +27,11 @@ function(qelvrml_compilation target)
   endif()
   if(QELVRML_SANITIZE)
     target_compile_options(${target} PRIVATE
-      -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
-    target_link_options(${target} PUBLIC -fsanitize=address,undefined)
+      -fsanitize=${QELVRML_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(${target} PUBLIC $<BUILD_INTERFACE:-fsanitize=${QELVRML_SANITIZE}>)
   endif()
   if(QELVRML_COVERAGE)
     target_compile_options(${target} PRIVATE --coverage)
-    target_link_options(${target} PUBLIC --coverage)
+    target_link_options(${target} PUBLIC $<BUILD_INTERFACE:--coverage>)
   endif()
 endfunction()

@@ -1,12 +1,19 @@
 # Installation: the library, its headers, the CMake package and the pkg-config file.
 
 include(CMakePackageConfigHelpers)
+include(GNUInstallDirs)
 
 install(TARGETS qelvrml EXPORT qelvrml-targets
-  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
-install(DIRECTORY src/qelvrml DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
-  FILES_MATCHING REGEX "/(C[A-Z]|brix|VRML|Generic)[^/]*[.]h$")
+  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 install(EXPORT qelvrml-targets NAMESPACE qelvrml:: DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/qelvrml)
+
+# Headers of other names are internal.
+file(GLOB_RECURSE headers CONFIGURE_DEPENDS RELATIVE ${CMAKE_CURRENT_SOURCE_DIR}/src src/qelvrml/*.h)
+list(FILTER headers INCLUDE REGEX "/(C[A-Z]|brix|VRML|Generic)[^/]*[.]h$")
+foreach(header IN LISTS headers)
+  cmake_path(GET header PARENT_PATH folder)
+  install(FILES src/${header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${folder})
+endforeach()
 
 configure_package_config_file(cmake/qelvrml-config.cmake.in ${CMAKE_CURRENT_BINARY_DIR}/qelvrml-config.cmake
   INSTALL_DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/qelvrml)
