@@ -51,7 +51,7 @@ void WalkOverBytes(benchmark::State& state) {
     for (const char c : text) words += c == ' ' || c == '\n' ? 1 : 0;
     benchmark::DoNotOptimize(words);
   }
-  state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * text.size()));
+  state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(text.size()));
 }
 BENCHMARK(WalkOverBytes)->Arg(1'000'000)->Unit(benchmark::kMillisecond);
 
@@ -65,7 +65,7 @@ void Tokens(benchmark::State& state) {
     while (manager.Tokenize()) ++tokens;
     benchmark::DoNotOptimize(tokens);
   }
-  state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * scene.Size()));
+  state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(scene.Size()));
 }
 BENCHMARK(Tokens)->Arg(1'000'000)->Unit(benchmark::kMillisecond);
 

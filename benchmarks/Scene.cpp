@@ -23,6 +23,6 @@ void TimeLoad(benchmark::State& state, const SceneFile& scene, std::int64_t coun
     if (parser.Parse(&world, scene.Path().c_str()) != VRMLLoadOK) state.SkipWithError("the scene didn't load");
     benchmark::DoNotOptimize(world.GetNumObjects());
   }
-  state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * scene.Size()));
+  state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(scene.Size()));
   state.SetItemsProcessed(static_cast<std::int64_t>(state.iterations()) * count);
 }

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "support/Model.h"
@@ -160,7 +161,7 @@ TEST(Load, CopiesOwnNothingOfTheOriginal) {
   EXPECT_EQ(copy.GetWorld(), model.World.get());
   EXPECT_EQ(copy.GetImageUnits(), VRMLUnitsCentimeters);
   EXPECT_EQ(copy.FindObjectInDictionary("a"), nullptr);
-  copy = copy;
+  copy = std::as_const(copy);
   copy = *model.Parser;
   EXPECT_EQ(copy.GetObjectDictionary()->GetCount(), 0);
   CKelWorld world;

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <utility>
 
 #include "qelvrml/prototypes/CVRMLPrototype.h"
 #include "support/Model.h"
@@ -124,7 +125,7 @@ TEST(PrototypeField, ComparesAndCopies) {
   EXPECT_NE(copy.GetValueText(), field.GetValueText());
   copy.GetValueText()[0] = '9';
   EXPECT_TRUE(copy == field) << "the text itself isn't compared";
-  copy = copy;
+  copy = std::as_const(copy);
   void* slot = nullptr;
   ASSERT_TRUE(FieldElementHandler(0, &slot, nullptr));
   EXPECT_TRUE(FieldElementHandler(2, &slot, &field));

@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include "qelvrml/platform/brix/solids/brixDot.h"
 #include "qelvrml/platform/brixex/textures/CKelTextureManager.h"
 #include "support/Model.h"
@@ -99,7 +101,7 @@ TEST(Separator, ArraysStayValues) {
   EXPECT_EQ(third.View().data(), second.View().data());
   third[1] = 5;
   EXPECT_EQ(second.View()[1], 0);
-  third = third;
+  third = std::as_const(third);
   third.Realloc(2, brixTrue);
   third.Realloc(4, brixTrue);
   EXPECT_EQ(third.View()[1], 5);
