@@ -1,5 +1,6 @@
 // Loads on two threads at once, each with a parser and a world of its own, give what a load alone gives.
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <array>
@@ -7,6 +8,7 @@
 #include <sstream>
 #include <thread>
 
+#include "qelvrml/platform/brixex/textures/CKelTextureManager.h"
 #include "support/Gzip.h"
 #include "support/Model.h"
 
@@ -24,10 +26,15 @@ const std::string Scene = R"(#VRML V2.0 utf8
     Shape { geometry DEF d Cylinder { } } Shape { appearance Appearance { texture ImageTexture { url "tile.png" } } geometry Box { } } ] }
   USE root)";
 
-/// All that a model holds, as a text.
-std::string Describe(const Model& model) {
+/// Loads a file and gives all that its model holds as a text.
+std::string Describe(const std::string& path) {
+  Model model;
+  model.World->GetTextureManager()->AddAlternatePath(QELVRML_TEST_SCENES);
+  model.Result = model.Parser->Parse(model.World.get(), path.c_str());
+  CheckModel(*model.World);
   std::ostringstream text;
   text << model.Result << ' ' << model.Units();
+  if (model.World->GetTextureManager()->GetTexture(QELVRML_TEST_SCENES "/tile.png")) text << " with its image";
   for (std::size_t i = 0; i < model.Size(); ++i) {
     text << '\n' << ClassOf(model.Object(i)) << ' ' << model.Name(i) << ' ' << model.Triangles(i) << ' ';
     PrintTo(model.Diffuse(i), &text);
@@ -40,13 +47,14 @@ std::string Describe(const Model& model) {
 TEST(Thread, LoadsDontDisturbEachOther) {
   const TemporaryFolder folder;
   folder.Write("part.wrl", "#VRML V2.0 utf8\nShape { geometry DEF d Cone { } }");
-  std::filesystem::copy_file(std::string(QELVRML_TEST_SCENES) + "/tile.png", folder.Path() / "tile.png");
   const std::array paths{folder.Write("plain.wrl", Scene), folder.Write("packed.wrl", Gzip(Scene))};
-  const std::array alone{Describe(LoadFile(paths[0])), Describe(LoadFile(paths[1]))};
+  const std::array alone{Describe(paths[0]), Describe(paths[1])};
+  EXPECT_THAT(alone, testing::Each(testing::StartsWith("0 3 with its image\n"))) << "loaded, in centimetres";
+
   std::latch start(2);
   const auto load = [&](std::size_t first) {
     start.arrive_and_wait();
-    for (std::size_t i = first; i < first + 20; ++i) ASSERT_EQ(Describe(LoadFile(paths[i % 2])), alone[i % 2]);
+    for (std::size_t i = first; i < first + 20; ++i) ASSERT_EQ(Describe(paths[i % 2]), alone[i % 2]);
   };
   std::thread other(load, 1);
   load(0);
