@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <string>
 
 #include "qelvrml/foundation/CBasicString.h"
@@ -120,13 +121,82 @@ TEST(String, FormatsThroughTheCLibrary) {
   EXPECT_FALSE(text.LoadString(1));
 }
 
-// A text may be assigned or appended a part of itself.
+// A text may be assigned, appended or compared with a part of itself.
 TEST(String, TakesPartsOfItself) {
   CBasicString text("abcabcabcabcabcabc");
   text = text.GetWideText() + 15;
   EXPECT_EQ(Text(text), "abc");
   text += text.GetNarrowText();
-  EXPECT_EQ(Text(text + text), "abcabcabcabc");
+  text += text.GetWideText();
+  EXPECT_EQ(Text(text + text.GetNarrowText()), "abcabcabcabcabcabcabcabc");
+  EXPECT_TRUE(text == text.GetNarrowText() && text == text.GetWideText());
+  text = text.GetNarrowText();
+  text.Assign(text.GetNarrowText() + 3);
+  EXPECT_EQ(Text(text), "abcabcabc");
+  const char* narrow = text.GetNarrowText();
+  EXPECT_TRUE(text.AppendRange(narrow + 1, narrow + 3));
+  EXPECT_EQ(Text(text), "abcabcabcbc");
+  EXPECT_TRUE(text.Format(u"<%s>", text.GetNarrowText() + 8));
+  EXPECT_EQ(Text(text), "<cbc>");
+}
+
+TEST(String, NarrowTextEndsAtANul) {
+  CBasicString text(u"ab\xD800");
+  EXPECT_EQ(text.GetNarrowText(), nullptr);
+  text.SetAt(1, u'\0');
+  EXPECT_STREQ(text.GetNarrowText(), "a") << "what can't be converted stands behind the NUL";
+  EXPECT_EQ(text.CompareNoCase("A"), 0);
+  EXPECT_GT(text.CompareNoCase(""), 0);
+  text.SetAt(0, u'\0');
+  EXPECT_EQ(text.GetNarrowText(), nullptr);
+  EXPECT_EQ(text.GetLength(), 3);
+  const char bytes[] = {'x', '\0', 'y'};
+  text = "";
+  EXPECT_TRUE(text.AppendRange(bytes, bytes + 3));
+  EXPECT_EQ(Text(text), "x");
+}
+
+// The narrow text, which is the last field of a string.
+const char* HeldNarrowText(const CBasicString& string) {
+  const char* held = nullptr;
+  std::memcpy(&held, reinterpret_cast<const char*>(&string) + sizeof string - sizeof held, sizeof held);
+  return held;
+}
+
+TEST(String, ChangesDropTheNarrowTextUnlessTheyAreInPlace) {
+  using Operation = void (*)(CBasicString&);
+  const auto heldAfter = [](Operation operation) {
+    CBasicString text(" Abc ");
+    text.GetNarrowText();
+    operation(text);
+    return HeldNarrowText(text) != nullptr;
+  };
+  const Operation keep[] = {[](CBasicString& s) { s.SetAt(0, u'x'); },
+                            [](CBasicString& s) { s.MakeUpper(); },
+                            [](CBasicString& s) { s.MakeLower(); },
+                            [](CBasicString& s) { s += ""; },
+                            [](CBasicString& s) { s.Assign(s); },
+                            [](CBasicString& s) { s.Truncate(5); },
+                            [](CBasicString& s) { s.Format(u"%ls", L""); },
+                            [](CBasicString& s) { s.Replace("q", ""); },
+                            [](CBasicString& s) { const CBasicString t(s); }};
+  const Operation drop[] = {[](CBasicString& s) { s = CBasicString("x"); },
+                            [](CBasicString& s) { const CBasicString t(std::move(s)); },
+                            [](CBasicString& s) { CBasicString() = std::move(s); },
+                            [](CBasicString& s) { s.Assign("x"); },
+                            [](CBasicString& s) { s.Assign(u"x"); },
+                            [](CBasicString& s) { s += "x"; },
+                            [](CBasicString& s) { s += u"x"; },
+                            [](CBasicString& s) { s += CBasicString("x"); },
+                            [](CBasicString& s) { s.RemoveAt(0); },
+                            [](CBasicString& s) { s.Truncate(4); },
+                            [](CBasicString& s) { s.Empty(); },
+                            [](CBasicString& s) { s.TrimLeft(); },
+                            [](CBasicString& s) { s.TrimRight(); },
+                            [](CBasicString& s) { s.Replace("b", ""); },
+                            [](CBasicString& s) { s.Format(u"x"); }};
+  for (const Operation& operation : keep) EXPECT_TRUE(heldAfter(operation)) << &operation - keep;
+  for (const Operation& operation : drop) EXPECT_FALSE(heldAfter(operation)) << &operation - drop;
 }
 
 }  // namespace

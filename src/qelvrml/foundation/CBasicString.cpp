@@ -23,6 +23,7 @@ bool IsSpace(char16_t unit) { return std::iswspace(unit) != 0; }
 
 CBasicString::CBasicString(const char* narrow) : WideText(Wide(narrow)) {}
 CBasicString::CBasicString(const char16_t* wide) : WideText(View(wide)) {}
+CBasicString::CBasicString(CBasicString&& other) noexcept { *this = std::move(other); }
 CBasicString::CBasicString(const CBasicString* other) : WideText(other ? other->WideText : std::u16string()) {}
 CBasicString::CBasicString(std::string_view narrow) : WideText(qelvrml::Widen(narrow)) {}
 
@@ -33,29 +34,26 @@ CBasicString& CBasicString::operator=(const CBasicString& other) {
 
 CBasicString& CBasicString::operator=(CBasicString&& other) noexcept {
   if (this != &other) {
-    DropNarrowText();
-    WideText = std::move(other.WideText);
-    other.Empty();
+    SetText(std::move(other.WideText));
+    other.SetText({});
   }
   return *this;
 }
 
 CBasicString& CBasicString::operator=(const char* narrow) {
-  DropNarrowText();
-  WideText = Wide(narrow);
+  SetText(Wide(narrow));
   return *this;
 }
 
 CBasicString& CBasicString::operator=(const char16_t* wide) {
-  DropNarrowText();
-  WideText = std::u16string(View(wide));  // a copy first: `wide` may point into this very text
+  SetText(std::u16string(View(wide)));  // a copy first: `wide` may point into this very text
   return *this;
 }
 
 bool CBasicString::Assign(const CBasicString& other) {
   if (this == &other) return false;
-  DropNarrowText();
   WideText = other.WideText;
+  DropNarrowText();
   return true;
 }
 
@@ -76,31 +74,26 @@ CBasicString& CBasicString::operator+=(const char16_t* wide) {
 
 bool CBasicString::Append(const CBasicString& other) {
   if (other.WideText.empty()) return false;
-  DropNarrowText();
-  WideText += other.WideText;
+  AppendText(other.WideText);
   return true;
 }
 
 bool CBasicString::Append(const char* narrow) {
   if (!narrow) return false;
-  const std::u16string wide = Wide(narrow);  // before the narrow text goes: `narrow` may be that text
-  DropNarrowText();
-  WideText += wide;
+  AppendText(Wide(narrow));
   return true;
 }
 
 bool CBasicString::Append(const char16_t* wide) {
   if (!wide) return false;
-  DropNarrowText();
-  WideText += View(wide);
+  AppendText(View(wide));
   return true;
 }
 
 bool CBasicString::AppendRange(const char* first, const char* last) {
   if (!first || !last || last <= first) return false;
-  const std::u16string wide = qelvrml::Widen({first, static_cast<std::size_t>(last - first)});
-  DropNarrowText();
-  WideText += wide;
+  const std::string_view bytes(first, static_cast<std::size_t>(last - first));
+  AppendText(qelvrml::Widen(bytes.substr(0, bytes.find('\0'))));
   return true;
 }
 
@@ -124,8 +117,8 @@ CBasicString CBasicString::operator+(const char16_t* wide) const {
 
 char* CBasicString::GetNarrowText() const {
   NarrowText.reset();
-  const std::optional<std::string> narrow = qelvrml::Narrow(WideText);
-  if (!narrow) return nullptr;
+  const std::optional<std::string> narrow = qelvrml::Narrow(GetWideText());
+  if (!narrow || (narrow->empty() && !WideText.empty())) return nullptr;
   NarrowText = std::make_unique<char[]>(narrow->size() + 1);
   std::memcpy(NarrowText.get(), narrow->c_str(), narrow->size() + 1);
   return NarrowText.get();
@@ -134,13 +127,10 @@ char* CBasicString::GetNarrowText() const {
 std::uint32_t CBasicString::GetHash() const { return qelvrml::Hash(WideText); }
 
 int CBasicString::CompareNoCase(const CBasicString& other) const {
-  const std::size_t common = std::min(WideText.size(), other.WideText.size());
-  for (std::size_t i = 0; i < common; ++i) {
-    const int difference = Lower(WideText[i]) - Lower(other.WideText[i]);
-    if (difference != 0) return difference;
-  }
-  if (WideText.size() == other.WideText.size()) return 0;
-  return WideText.size() < other.WideText.size() ? -1 : 1;
+  const char16_t* left = GetWideText();
+  const char16_t* right = other.GetWideText();
+  for (; *left != u'\0' && Lower(*left) == Lower(*right); ++left) ++right;
+  return Lower(*left) - Lower(*right);
 }
 
 int CBasicString::Find(const CBasicString& what, int start) const {
@@ -233,8 +223,7 @@ bool CBasicString::Replace(const CBasicString& what, const CBasicString& with) {
     start = position + what.WideText.size();
   }
   value.append(WideText, start);
-  DropNarrowText();
-  WideText = std::move(value);
+  SetText(std::move(value));
   return true;
 }
 
@@ -249,9 +238,19 @@ bool CBasicString::Format(const char16_t* format, ...) {
   const int length = std::vswprintf(buffer.data(), buffer.size(), systemFormat.c_str(), arguments);
   va_end(arguments);
   if (length < 1) return false;
-  DropNarrowText();
-  WideText = qelvrml::FromSystemWide({buffer.data(), static_cast<std::size_t>(length)});
+  SetText(qelvrml::FromSystemWide({buffer.data(), static_cast<std::size_t>(length)}));
   return true;
 }
 
 bool CBasicString::LoadString(int /*id*/, void* /*module*/) { return false; }
+
+void CBasicString::SetText(std::u16string text) {
+  WideText = std::move(text);
+  DropNarrowText();
+}
+
+void CBasicString::AppendText(std::u16string_view text) {
+  if (text.empty()) return;
+  WideText += text;
+  DropNarrowText();
+}

@@ -13,12 +13,14 @@
 /// text, 0, -1 or false. Narrow texts are UTF-8; a byte that isn't part of valid UTF-8 becomes the code unit
 /// 0xDC00 + byte and goes back to that byte on the way to narrow. Only a failed allocation raises.
 ///
+/// An argument may be a part of this very text, narrow or wide.
+///
 /// An object is used by one thread at a time, for GetNarrowText changes it also when it is constant.
 class QELVRML_EXPORT CBasicString {
 public:
   CBasicString() = default;
   CBasicString(const CBasicString& other) : WideText(other.WideText) {}
-  CBasicString(CBasicString&& other) noexcept : WideText(std::move(other.WideText)) { other.Empty(); }
+  CBasicString(CBasicString&& other) noexcept;
   CBasicString(const char* narrow);    // NOLINT(google-explicit-constructor): texts convert as they do everywhere
   CBasicString(const char16_t* wide);  // NOLINT(google-explicit-constructor): as above
   explicit CBasicString(const CBasicString* other);
@@ -46,7 +48,7 @@ public:
   /// False for a null pointer.
   bool Append(const char* narrow);
   bool Append(const char16_t* wide);
-  /// Appends the bytes from `first` up to but not including `last`; false if there are none.
+  /// Appends the bytes from `first` up to but not including `last`, or up to a NUL; false if there are none.
   bool AppendRange(const char* first, const char* last);
   CBasicString operator+(const CBasicString& other) const;
   CBasicString operator+(const char* narrow) const;
@@ -56,8 +58,9 @@ public:
   /// Ends with a NUL; valid until the value changes; never null.
   const char16_t* GetWideText() const { return WideText.c_str(); }
   std::u16string_view GetView() const { return WideText; }
-  /// The text as UTF-8, made anew by every call and owned by this object; valid until the next call or change. Null
-  /// when the text holds a surrogate that can't be converted.
+  /// The text up to its first NUL as UTF-8, made anew by every call and owned by this object. Valid until the next
+  /// call and until an operation other than SetAt, MakeLower and MakeUpper changes the value. Null when the text begins
+  /// with a NUL, or holds a surrogate that can't be converted.
   char* GetNarrowText() const;
   /// Code unit at `index`; 0 for a bad index.
   char16_t GetAt(int index) const { return IsValidIndex(index) ? WideText[static_cast<std::size_t>(index)] : u'\0'; }
@@ -80,7 +83,7 @@ public:
   bool operator>(const CBasicString& other) const { return other < *this; }
   bool operator>(const char* narrow) const { return CBasicString(narrow) < *this; }
   bool operator>(const char16_t* wide) const { return CBasicString(wide) < *this; }
-  /// Negative, 0 or positive, without regard to case.
+  /// Negative, 0 or positive, without regard to case; a text ends at its first NUL.
   int CompareNoCase(const CBasicString& other) const;
 
   /// Index of the first `what` at or after `start`, or -1. An empty `what` is found at any valid `start`.
@@ -111,6 +114,9 @@ public:
   bool LoadString(int id, void* module = nullptr);
 
 private:
+  // The narrow text goes last: what is set or appended may have been made from it.
+  void SetText(std::u16string text);
+  void AppendText(std::u16string_view text);
   void DropNarrowText() { NarrowText.reset(); }
 
   std::u16string WideText;
