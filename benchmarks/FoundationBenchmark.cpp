@@ -1,40 +1,9 @@
-// Lists against as many separate allocations, and the tokenizer against a plain walk over the bytes.
-
-#include <array>
-#include <memory>
-#include <vector>
+// The tokenizer against a plain walk over the bytes.
 
 #include "Scene.h"
-#include "qelvrml/foundation/CBasicList.h"
 #include "qelvrml/parser/CVRMLIOManager.h"
 
 namespace {
-
-void SeparateAllocations(benchmark::State& state) {
-  for (auto _ : state) {
-    std::vector<std::unique_ptr<int>> values;
-    std::vector<std::unique_ptr<std::array<void*, 4>>> elements;
-    for (int i = 0; i < state.range(0); ++i) {
-      values.push_back(std::make_unique<int>(i));
-      elements.push_back(std::make_unique<std::array<void*, 4>>());
-    }
-    benchmark::DoNotOptimize(values.data());
-  }
-  state.SetItemsProcessed(state.iterations() * state.range(0));
-}
-BENCHMARK(SeparateAllocations)->Arg(1'000'000)->Unit(benchmark::kMillisecond);
-
-void IntegerList(benchmark::State& state) {
-  for (auto _ : state) {
-    CBasicList list;
-    list.SetIntegerElements();
-    for (int i = 0; i < state.range(0); ++i) list.AddTailValue(&i);
-    benchmark::DoNotOptimize(list.GetCount());
-    list.RemoveAllValues();
-  }
-  state.SetItemsProcessed(state.iterations() * state.range(0));
-}
-BENCHMARK(IntegerList)->Arg(1'000'000)->Unit(benchmark::kMillisecond);
 
 std::string Points(int count) {
   std::string text = "#VRML V1.0 ascii\nCoordinate3 { point [\n";

@@ -1,9 +1,11 @@
 #include "qelvrml/foundation/CBasicList.h"
 
 #include <limits>
+#include <new>
 
 #include "qelvrml/foundation/CBasicListIterator.h"
 #include "qelvrml/foundation/CBasicString.h"
+#include "qelvrml/foundation/ValueElementHandler.h"
 
 CBasicList::~CBasicList() {
   CBasicList::RemoveAll();
@@ -136,9 +138,9 @@ bool CBasicList::RemoveAllValues() {
 bool CBasicList::AddTailAny(void* data) { return AddTailValue(data) || AddTail(data); }
 bool CBasicList::RemoveAny(void* data) { return RemoveValue(data) || Remove(data); }
 
-void CBasicList::SetIntegerElements() { SetElementHandler(ValueElementHandler<int>); }
-void CBasicList::SetDoubleElements() { SetElementHandler(ValueElementHandler<double>); }
-void CBasicList::SetStringElements() { SetElementHandler(ValueElementHandler<CBasicString>); }
+void CBasicList::SetIntegerElements() { SetElementHandler(qelvrml::ValueElementHandler<int>); }
+void CBasicList::SetDoubleElements() { SetElementHandler(qelvrml::ValueElementHandler<double>); }
+void CBasicList::SetStringElements() { SetElementHandler(qelvrml::ValueElementHandler<CBasicString>); }
 
 bool CBasicList::AttachIterator(CBasicListIterator* iterator) {
   if (!iterator) return false;

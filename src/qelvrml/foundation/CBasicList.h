@@ -2,8 +2,8 @@
 
 #include <memory>
 
+#include "qelvrml/foundation/CBasicElementHandler.h"
 #include "qelvrml/foundation/CBasicListElement.h"
-#include "qelvrml/foundation/ElementHandler.h"
 #include "qelvrml/foundation/VRMLExport.h"
 
 class CBasicListIterator;

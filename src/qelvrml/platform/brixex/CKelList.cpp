@@ -1,6 +1,6 @@
 #include "qelvrml/platform/brixex/CKelList.h"
 
-#include "qelvrml/foundation/CBasicListIterator.h"
+#include "qelvrml/foundation/ValueElementHandler.h"
 #include "qelvrml/platform/brix/brixFloatPoint.h"
 #include "qelvrml/platform/brix/brixMaterial.h"
 #include "qelvrml/platform/brix/brixVector.h"
@@ -41,7 +41,7 @@ CKelList& CKelList::operator=(const CKelList& other) {
   return *this;
 }
 
-void CKelList::SetListTypePoint() { SetElementHandler(ValueElementHandler<PointValue>); }
-void CKelList::SetListTypeVector() { SetElementHandler(ValueElementHandler<VectorValue>); }
-void CKelList::SetListType2DPoint() { SetElementHandler(ValueElementHandler<PlanarValue>); }
-void CKelList::SetListTypeColor() { SetElementHandler(ValueElementHandler<ColourValue>); }
+void CKelList::SetListTypePoint() { SetElementHandler(qelvrml::ValueElementHandler<PointValue>); }
+void CKelList::SetListTypeVector() { SetElementHandler(qelvrml::ValueElementHandler<VectorValue>); }
+void CKelList::SetListType2DPoint() { SetElementHandler(qelvrml::ValueElementHandler<PlanarValue>); }
+void CKelList::SetListTypeColor() { SetElementHandler(qelvrml::ValueElementHandler<ColourValue>); }
