@@ -34,6 +34,8 @@ TEST_F(NameIndexedListTest, TheFirstOfAKeyIsFound) {
   EXPECT_TRUE(List.Remove(&One));
   EXPECT_EQ(List.FindKey(1), &One) << "it was in the list twice";
   EXPECT_FALSE(List.AddTail(nullptr));
+  EXPECT_EQ(List.RemoveHead(), &Two);
+  EXPECT_EQ(List.FindKey(2), &OtherTwo);
 }
 
 TEST_F(NameIndexedListTest, KeysAreForgottenBeforeTheyChange) {

@@ -1,5 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <cstring>
+#include <limits>
+#include <new>
+#include <numeric>
 #include <vector>
 
 #include "qelvrml/foundation/CBasicList.h"
@@ -158,6 +162,27 @@ TEST(Map, FindsByTheYoungestKey) {
   EXPECT_EQ(Words(map), (Expected{10, 12}));
 }
 
+// Of equal words and values, the one goes that the key leads to.
+TEST(Map, RemovesTheElementOfTheKey) {
+  CBasicMap map;
+  for (const int key : {1, 2, 3}) map.AddHash(key, Word(key == 2 ? 9 : 8));
+  EXPECT_TRUE(map.RemoveHash(3));
+  EXPECT_EQ(Words(map), (Expected{8, 9}));
+  EXPECT_EQ(map.FindHash(1), Word(8));
+
+  CBasicMap values;
+  values.SetDoubleElements();
+  double numbers[] = {1, 2, 1, std::numeric_limits<double>::quiet_NaN()};
+  for (int key = 0; key < 4; ++key) values.AddHash(key, &numbers[key]);
+  EXPECT_TRUE(values.RemoveHash(2));
+  EXPECT_TRUE(values.RemoveHash(3)) << "it isn't equal to itself";
+  EXPECT_TRUE(values.RemoveValue(&numbers[1]));
+  EXPECT_EQ(values.FindHash(1), nullptr);
+  EXPECT_EQ(values.FindHash(0), values.GetHead());
+  EXPECT_TRUE(values.RemoveHash(0));
+  EXPECT_EQ(values.GetCount(), 0);
+}
+
 TEST(Map, TakesKeysInAnyCaseOnRequest) {
   CBasicMap map;
   map.AddString("Name", Word(1), true);
@@ -183,6 +208,92 @@ TEST(Map, ForgetsElementsThatTheListRemoves) {
   EXPECT_EQ(map.FindHash(4), Word(4));
   map.RemoveAll();
   EXPECT_EQ(map.FindHash(4), nullptr);
+}
+
+// The place of a virtual operation among those of its class, as the ABI has it in a pointer to a member.
+template <class Operation>
+std::ptrdiff_t Slot(Operation operation) {
+  std::ptrdiff_t offset = 0;
+  std::memcpy(&offset, &operation, sizeof offset);
+  return offset / static_cast<std::ptrdiff_t>(sizeof(void*));
+}
+
+std::vector<std::ptrdiff_t> From(std::ptrdiff_t first, std::size_t count) {
+  std::vector<std::ptrdiff_t> slots(count);
+  std::iota(slots.begin(), slots.end(), first);
+  return slots;
+}
+
+// Hosts that derive from these classes, built elsewhere, share the order of their virtual operations. The destructor
+// takes the first two places.
+TEST(List, VirtualOperationsKeepTheirOrder) {
+  using L = CBasicList;
+  const std::vector list = {Slot(&L::GetAt),
+                            Slot(&L::GetCount),
+                            Slot(&L::GoToFirst),
+                            Slot(&L::GetTailElement),
+                            Slot(&L::GoToNext),
+                            Slot(&L::GoToPrevious),
+                            Slot(&L::FindElement),
+                            Slot(&L::AddTail),
+                            Slot(&L::AddHead),
+                            Slot(&L::InsertAfter),
+                            Slot(&L::Remove),
+                            Slot(&L::RemoveHead),
+                            Slot(&L::RemoveAll),
+                            Slot(&L::GetHead),
+                            Slot(&L::GetTail),
+                            Slot(&L::GetCurrentElement),
+                            Slot(&L::GetElementAt),
+                            Slot(&L::GetIteratorCount),
+                            Slot(&L::GetElementHandler),
+                            Slot(&L::SetElementHandler),
+                            Slot(&L::AddTailValue),
+                            Slot(&L::AddHeadValue),
+                            Slot(&L::RemoveValue),
+                            Slot(&L::RemoveAllValues),
+                            Slot(&L::AddTailAny),
+                            Slot(&L::RemoveAny),
+                            Slot(&L::SetIntegerElements),
+                            Slot(&L::SetDoubleElements),
+                            Slot(&L::SetStringElements),
+                            Slot(&L::AttachIterator),
+                            Slot(&L::DetachIterator),
+                            Slot(&L::DetachAllIterators),
+                            Slot(&L::SetCurrentElement)};
+  EXPECT_EQ(list, From(2, list.size()));
+
+  using M = CBasicMap;
+  const std::vector map = {Slot(&M::AddString),      Slot(&M::AddHash),       Slot(&M::RemoveString),
+                           Slot(&M::RemoveHash),     Slot(&M::FindString),    Slot(&M::FindHash),
+                           Slot(&M::GetBucketCount), Slot(&M::SetBucketCount)};
+  EXPECT_EQ(map, From(list.back() + 1, map.size()));
+
+  using I = CBasicListIterator;
+  const std::vector iterator = {Slot(&I::GetList),
+                                Slot(&I::SetList),
+                                Slot(&I::GetAt),
+                                Slot<void (I::*)(int)>(&I::Next),
+                                Slot<void (I::*)()>(&I::Next),
+                                Slot<void (I::*)(int)>(&I::Previous),
+                                Slot<void (I::*)()>(&I::Previous),
+                                Slot(&I::GetData),
+                                Slot<I& (I::*)(I&)>(&I::operator=),
+                                Slot(&I::GetCount),
+                                Slot(&I::GoToFirst),
+                                Slot(&I::GoToLast),
+                                Slot(&I::AddTail),
+                                Slot(&I::AddHead),
+                                Slot(&I::InsertAfterCurrent),
+                                Slot(&I::Remove),
+                                Slot(&I::RemoveHead),
+                                Slot(&I::RemoveAll),
+                                Slot(&I::AddTailValue),
+                                Slot(&I::AddHeadValue),
+                                Slot(&I::RemoveValue),
+                                Slot(&I::RemoveAllValues),
+                                Slot(&I::GetCurrentElement)};
+  EXPECT_EQ(iterator, From(2, iterator.size()));
 }
 
 }  // namespace

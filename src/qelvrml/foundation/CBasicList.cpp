@@ -53,7 +53,6 @@ bool CBasicList::InsertAfter(CBasicListElement* element, void* data) {
 bool CBasicList::Remove(void* value) {
   CBasicListElement* element = FindElement(value);
   if (!element) return false;
-  ForgetElement(element);
   RemoveElement(element);
   return true;
 }
@@ -61,7 +60,6 @@ bool CBasicList::Remove(void* value) {
 void* CBasicList::RemoveHead() {
   if (!Head) return nullptr;
   void* data = Head->Data;
-  ForgetElement(Head);
   RemoveElement(Head);
   return data;
 }
@@ -120,7 +118,6 @@ bool CBasicList::RemoveValue(void* value) {
   if (!ElementHandler) return false;
   CBasicListElement* element = FindElement(value);
   if (!element || !ElementHandler(1, &element->Data, nullptr)) return false;
-  ForgetElement(element);
   RemoveElement(element);
   return true;
 }

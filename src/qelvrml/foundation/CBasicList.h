@@ -16,7 +16,8 @@ class CBasicListIterator;
 ///
 /// The list knows its iterators: any removal sends all of them back to the first element. AddTail, AddHead, InsertAfter
 /// and the removal of a known element take constant time, a look-up by value walks the list, and access by position
-/// costs one walk after a change. Not for use by two threads at a time, not even for reading.
+/// costs one walk after a change. The order of the virtual operations is fixed: hosts that derive from the classes of
+/// lists share it. Not for use by two threads at a time, not even for reading.
 class QELVRML_EXPORT CBasicList {
 public:
   CBasicList() = default;
@@ -69,10 +70,9 @@ public:
   virtual void SetCurrentElement(CBasicListElement* element) { CurrentElement = element; }
 
 protected:
+  CBasicListElement* GetHeadElement() const { return Head; }
   /// Takes `element` out of the list and deletes it; iterators are told.
   void RemoveElement(CBasicListElement* element);
-  /// Called by Remove, RemoveHead and RemoveValue before the element goes, so that a derived class can forget it.
-  virtual void ForgetElement(CBasicListElement* /*element*/) {}
 
 private:
   CBasicListElement* Link(CBasicListElement* previous, CBasicListElement* next, void* data);

@@ -17,6 +17,28 @@ unsigned Magnitude(int key) { return key < 0 ? 0U - static_cast<unsigned>(key) :
 
 CBasicMap::~CBasicMap() { ClearBuckets(); }
 
+bool CBasicMap::Remove(void* value) {
+  CBasicListElement* element = FindElement(value);
+  if (!element) return false;
+  ForgetElement(element);
+  RemoveElement(element);
+  return true;
+}
+
+void* CBasicMap::RemoveHead() {
+  ForgetElement(GetHeadElement());
+  return CBasicList::RemoveHead();
+}
+
+bool CBasicMap::RemoveValue(void* value) {
+  const CBasicElementHandler handler = GetElementHandler();
+  CBasicListElement* element = handler ? FindElement(value) : nullptr;
+  if (!element || !handler(1, &element->Data, nullptr)) return false;
+  ForgetElement(element);
+  RemoveElement(element);
+  return true;
+}
+
 bool CBasicMap::RemoveAll() {
   ClearBuckets();
   return CBasicList::RemoveAll();
@@ -47,9 +69,11 @@ bool CBasicMap::RemoveHash(int key) {
   const std::unique_ptr<CBasicMapElement> element(*link);
   if (!element) return false;
   *link = element->Next;
-  CBasicElementHandler handler = GetElementHandler();
-  if (handler) handler(1, &element->ListElement->Data, nullptr);
-  RemoveElement(element->ListElement);
+
+  CBasicListElement* place = element->ListElement;
+  if (FindElement(place->Data) == place) return RemoveAny(place->Data);
+  if (const CBasicElementHandler handler = GetElementHandler()) handler(1, &place->Data, nullptr);
+  RemoveElement(place);
   return true;
 }
 
@@ -63,7 +87,7 @@ void* CBasicMap::FindHash(int key) {
   return nullptr;
 }
 
-void CBasicMap::ForgetElement(CBasicListElement* element) {
+void CBasicMap::ForgetElement(const CBasicListElement* element) {
   for (int i = 0; i < AllocatedBuckets(); ++i) {
     for (CBasicMapElement** link = &Buckets[static_cast<std::size_t>(i)]; *link;) {
       CBasicMapElement* candidate = *link;

@@ -50,6 +50,25 @@ bool NameIndexedList::InsertAfter(CBasicListElement* element, void* data) {
   return CKelList::InsertAfter(element, data);
 }
 
+bool NameIndexedList::Remove(void* value) {
+  CBasicListElement* element = FindElement(value);
+  if (!element) return false;
+  ForgetElement(element);
+  RemoveElement(element);
+  return true;
+}
+
+void* NameIndexedList::RemoveHead() {
+  if (GetHeadElement()) ForgetElement(GetHeadElement());
+  return CKelList::RemoveHead();
+}
+
+bool NameIndexedList::RemoveValue(void* value) {
+  const bool removed = CKelList::RemoveValue(value);
+  OutOfDate = OutOfDate || removed;
+  return removed;
+}
+
 bool NameIndexedList::RemoveAll() {
   ByKey.clear();
   ByData.clear();
@@ -58,7 +77,7 @@ bool NameIndexedList::RemoveAll() {
   return CKelList::RemoveAll();
 }
 
-void NameIndexedList::ForgetElement(CBasicListElement* element) {
+void NameIndexedList::ForgetElement(const CBasicListElement* element) {
   if (OutOfDate) return;
   if (const std::optional<std::uint32_t> key = KeyOf ? KeyOf(element->Data) : std::nullopt) Leave(ByKey, *key, element);
   Leave(ByData, element->Data, element);

@@ -32,10 +32,10 @@ public:
   bool AddTail(void* data) override;
   bool AddHead(void* data) override;
   bool InsertAfter(CBasicListElement* element, void* data) override;
+  bool Remove(void* value) override;
+  void* RemoveHead() override;
   bool RemoveAll() override;
-
-protected:
-  void ForgetElement(CBasicListElement* element) override;
+  bool RemoveValue(void* value) override;
 
 private:
   /// The first element of a key or word, and how many there are.
@@ -46,6 +46,7 @@ private:
 
   void Rebuild();
   void Enter(CBasicListElement* element);
+  void ForgetElement(const CBasicListElement* element);
   template <class Map, class Key>
   void Leave(Map& index, const Key& key, const CBasicListElement* element);
 
