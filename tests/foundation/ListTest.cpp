@@ -85,6 +85,43 @@ TEST(List, IteratorsGoBackToTheFirstAfterARemoval) {
   EXPECT_EQ(third.GetData(), nullptr);
 }
 
+/// Detaches itself, and keeps its place, when it is told to go to the first element.
+class ShyIterator : public CBasicListIterator {
+public:
+  using CBasicListIterator::CBasicListIterator;
+  bool GoToFirst() override {
+    ++Told;
+    return GetList() && GetList()->DetachIterator(this);
+  }
+  int Told = 0;
+};
+
+TEST(List, IteratorsMayDetachThemselvesWhenTold) {
+  CBasicList list;
+  CBasicList other;
+  Fill(list, 3);
+  ShyIterator shy(&list);
+  CBasicListIterator missed(&list);
+  CBasicListIterator last(&list);
+  CBasicListIterator elsewhere(&list);
+  shy.GetAt(1);
+  missed.GetAt(1);
+  last.GetAt(1);
+  elsewhere.GetAt(2);
+  EXPECT_TRUE(list.Remove(Word(2)));
+  EXPECT_EQ(shy.Told, 1);
+  EXPECT_EQ(list.GetIteratorCount(), 3);
+  EXPECT_EQ(shy.GetData(), nullptr);
+  EXPECT_EQ(missed.GetData(), nullptr) << "the walk began anew with it and went on";
+  EXPECT_EQ(last.GetData(), Word(1));
+  EXPECT_EQ(elsewhere.GetData(), Word(1));
+  shy.SetList(&other);
+  EXPECT_EQ(shy.Told, 2) << "on the way to its new list";
+  EXPECT_EQ(other.GetIteratorCount(), 0);
+  list.RemoveAll();
+  EXPECT_EQ(elsewhere.GetData(), nullptr);
+}
+
 TEST(List, IteratorsMayOutliveTheirListWhenUnused) {
   auto list = std::make_unique<CBasicList>();
   CBasicListIterator iterator(list.get());
@@ -128,6 +165,22 @@ TEST(List, HandlersRefuseWhatTheyCannotDo) {
   EXPECT_FALSE(handler(3, &slot, nullptr));
   EXPECT_TRUE(handler(1, &slot, nullptr));
   EXPECT_EQ(slot, nullptr);
+}
+
+// A copy that runs out of memory half way is destroyed.
+TEST(List, AddsNoValueThatCannotBeCopied) {
+  static int values = 0;
+  CBasicList list;
+  list.SetElementHandler([](int operation, void** slot, void* /*value*/) {
+    if (operation == 2) throw std::bad_alloc();
+    values += operation == 0 ? 1 : -1;
+    *slot = &values;
+    return true;
+  });
+  EXPECT_FALSE(list.AddTailValue(&list));
+  EXPECT_FALSE(list.AddHeadValue(&list));
+  EXPECT_EQ(values, 0);
+  EXPECT_EQ(list.GetCount(), 0);
 }
 
 // A copy has values of its own, but never the bare pointers of another list.

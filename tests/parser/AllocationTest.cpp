@@ -4,8 +4,11 @@
 
 #include <atomic>
 #include <cstdlib>
+#include <functional>
 #include <new>
 
+#include "qelvrml/foundation/CBasicListIterator.h"
+#include "qelvrml/foundation/CBasicMap.h"
 #include "support/Model.h"
 
 namespace {
@@ -65,6 +68,39 @@ TEST(Allocation, EachOneMayFail) {
     ASSERT_LT(n, 100000);
   }
   EXPECT_GT(whole, 8U);
+}
+
+bool RaisesWithoutMemory(const std::function<void()>& operation) {
+  AllocationsLeft = 0;
+  try {
+    operation();
+  } catch (const std::bad_alloc&) {
+    AllocationsLeft = -1;
+    return true;
+  }
+  AllocationsLeft = -1;
+  return false;
+}
+
+// Lists and maps report it; only an iterator that can't be attached raises.
+TEST(Allocation, ListsReportThatThereIsNoMemory) {
+  int value = 1;
+  CBasicMap map;
+  const auto fails = [](auto operation) { return !RaisesWithoutMemory([&] { ASSERT_FALSE(operation()); }); };
+  EXPECT_TRUE(fails([&] { return map.AddTail(&value); }));
+  EXPECT_TRUE(fails([&] { return map.AddHash(1, &value); }));
+  ASSERT_TRUE(map.AddHash(1, &value));
+  EXPECT_TRUE(fails([&] { return map.AddHash(2, &value); }));
+  EXPECT_TRUE(fails([&] { return map.GetAt(0); }));
+  EXPECT_TRUE(RaisesWithoutMemory([&] { const CBasicListIterator iterator(&map); }));
+  ASSERT_EQ(map.GetCount(), 1);
+  {
+    CBasicListIterator iterator(&map);
+    EXPECT_FALSE(RaisesWithoutMemory([&] { map.RemoveHash(1); }));
+    EXPECT_EQ(iterator.GetData(), nullptr);
+  }
+  map.SetIntegerElements();
+  EXPECT_TRUE(fails([&] { return map.AddTailValue(&value); }));
 }
 
 }  // namespace

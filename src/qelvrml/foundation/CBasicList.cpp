@@ -67,6 +67,7 @@ void* CBasicList::RemoveHead() {
 bool CBasicList::RemoveAll() {
   if (!Head) return false;
   Index.reset();
+  TakeIteratorsOff(nullptr);
   while (Head) {
     CBasicListElement* next = Head->Next;
     delete Head;
@@ -82,7 +83,8 @@ bool CBasicList::RemoveAll() {
 CBasicListElement* CBasicList::GetElementAt(int index) {
   if (index < 0 || index >= GetCount()) return nullptr;
   if (!Index) {
-    Index = std::make_unique<CBasicListElement*[]>(static_cast<std::size_t>(Count));
+    Index.reset(new (std::nothrow) CBasicListElement*[static_cast<std::size_t>(Count)]);
+    if (!Index) return nullptr;
     std::size_t position = 0;
     for (CBasicListElement* element = GoToFirst(); element; element = GoToNext()) Index[position++] = element;
   }
@@ -141,8 +143,8 @@ void CBasicList::SetStringElements() { SetElementHandler(qelvrml::ValueElementHa
 
 bool CBasicList::AttachIterator(CBasicListIterator* iterator) {
   if (!iterator) return false;
-  if (!Iterators) Iterators = std::make_unique<CBasicList>();
-  return Iterators->AddTail(iterator);
+  if (!Iterators) Iterators.reset(new (std::nothrow) CBasicList);
+  return Iterators && Iterators->AddTail(iterator);
 }
 
 bool CBasicList::DetachIterator(CBasicListIterator* iterator) {
@@ -151,6 +153,7 @@ bool CBasicList::DetachIterator(CBasicListIterator* iterator) {
 bool CBasicList::DetachAllIterators() { return Iterators && Iterators->RemoveAll(); }
 
 void CBasicList::RemoveElement(CBasicListElement* element) {
+  TakeIteratorsOff(element);
   Unlink(element);
   delete element;
   SendIteratorsToFirst();
@@ -179,7 +182,11 @@ void* CBasicList::MakeCopy(void* value) {
   if (!ElementHandler) return nullptr;
   void* copy = nullptr;
   if (!ElementHandler(0, &copy, nullptr) || !copy) return nullptr;
-  if (ElementHandler(2, &copy, value)) return copy;
+  try {
+    if (ElementHandler(2, &copy, value)) return copy;
+  } catch (const std::bad_alloc&) {
+    // as if the handler had refused
+  }
   DestroyValue(copy);
   return nullptr;
 }
@@ -188,9 +195,22 @@ void CBasicList::DestroyValue(void* data) {
   if (data) ElementHandler(1, &data, nullptr);
 }
 
+// Leaves no iterator on `element`, or for null on any element.
+void CBasicList::TakeIteratorsOff(const CBasicListElement* element) {
+  for (CBasicListElement* each = Iterators ? Iterators->Head : nullptr; each; each = each->Next) {
+    auto* iterator = static_cast<CBasicListIterator*>(each->Data);
+    if (!element || iterator->CurrentElement == element) iterator->CurrentElement = nullptr;
+  }
+}
+
 void CBasicList::SendIteratorsToFirst() {
   if (GetIteratorCount() == 0) return;
-  for (CBasicListElement* element = Iterators->Head; element; element = element->Next) {
-    static_cast<CBasicListIterator*>(element->Data)->GoToFirst();
+  try {
+    // Iterators may detach themselves meanwhile, which sends the walk back to the first.
+    for (CBasicListIterator walk(Iterators.get()); void* iterator = walk.GetData(); walk.Next(0)) {
+      static_cast<CBasicListIterator*>(iterator)->GoToFirst();
+    }
+  } catch (const std::bad_alloc&) {
+    // no memory for the walk: the iterators stay where they are, none of them on a removed element
   }
 }

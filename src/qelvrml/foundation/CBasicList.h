@@ -48,6 +48,7 @@ public:
   virtual void* GetHead() { return Head ? Head->Data : nullptr; }
   virtual void* GetTail() { return Tail ? Tail->Data : nullptr; }
   virtual CBasicListElement* GetCurrentElement() { return CurrentElement; }
+  /// Null for a bad index, and when there is no memory.
   virtual CBasicListElement* GetElementAt(int index);
   virtual int GetIteratorCount();
   virtual CBasicElementHandler GetElementHandler() { return ElementHandler; }
@@ -64,6 +65,7 @@ public:
   virtual void SetIntegerElements();
   virtual void SetDoubleElements();
   virtual void SetStringElements();
+  /// False for null, and when there is no memory.
   virtual bool AttachIterator(CBasicListIterator* iterator);
   virtual bool DetachIterator(CBasicListIterator* iterator);
   virtual bool DetachAllIterators();
@@ -79,6 +81,7 @@ private:
   void Unlink(CBasicListElement* element);
   void* MakeCopy(void* value);
   void DestroyValue(void* data);
+  void TakeIteratorsOff(const CBasicListElement* element);
   void SendIteratorsToFirst();
 
   CBasicListElement* Head = nullptr;

@@ -1,6 +1,11 @@
 #include "qelvrml/foundation/CBasicListIterator.h"
 
-CBasicListIterator::CBasicListIterator(CBasicList* list) { CBasicListIterator::SetList(list); }
+#include <new>
+
+CBasicListIterator::CBasicListIterator(CBasicList* list) {
+  Attach(list);
+  CBasicListIterator::GoToFirst();
+}
 
 CBasicListIterator::~CBasicListIterator() {
   if (List) List->DetachIterator(this);
@@ -8,9 +13,9 @@ CBasicListIterator::~CBasicListIterator() {
 
 void CBasicListIterator::SetList(CBasicList* list) {
   if (List) List->DetachIterator(this);
-  List = list;
-  if (List) List->AttachIterator(this);
-  CBasicListIterator::GoToFirst();
+  ForgetList();
+  Attach(list);
+  GoToFirst();
 }
 
 void* CBasicListIterator::GetAt(int index) {
@@ -79,12 +84,17 @@ bool CBasicListIterator::AddTailValue(void* value) { return List && List->AddTai
 bool CBasicListIterator::AddHeadValue(void* value) { return List && List->AddHeadValue(value); }
 
 bool CBasicListIterator::RemoveValue(void* value) {
-  if (!List) return false;
+  if (!List || !List->GetElementHandler()) return false;
   StepOff(value);
   return List->RemoveValue(value);
 }
 
 bool CBasicListIterator::RemoveAllValues() { return List && List->RemoveAllValues(); }
+
+void CBasicListIterator::Attach(CBasicList* list) {
+  if (list && !list->AttachIterator(this)) throw std::bad_alloc();
+  List = list;
+}
 
 void CBasicListIterator::ForgetList() {
   List = nullptr;

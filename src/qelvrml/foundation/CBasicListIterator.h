@@ -6,7 +6,7 @@
 /// A place in a list. It attaches itself to the list, which sends it back to the first element after every removal.
 ///
 /// The standard walk: construct it on the list; while GetData() isn't null, work and call Next(). Without a list every
-/// operation gives false, 0 or null.
+/// operation gives false, 0 or null. Without memory to attach itself it raises std::bad_alloc and has no list.
 class QELVRML_EXPORT CBasicListIterator {
 public:
   explicit CBasicListIterator(CBasicList* list);
@@ -42,7 +42,8 @@ public:
   virtual CBasicListElement* GetCurrentElement() { return CurrentElement; }
 
 private:
-  friend class CBasicList;  // a list that goes away tells its iterators
+  friend class CBasicList;  // a list that goes away, or loses an element, takes its iterators off
+  void Attach(CBasicList* list);
   void ForgetList();
   void StepOff(void* value);
 

@@ -52,11 +52,12 @@ bool CBasicMap::RemoveAllValues() {
 bool CBasicMap::AddString(CBasicString key, void* data, bool upperCase) { return AddHash(KeyOf(key, upperCase), data); }
 
 bool CBasicMap::AddHash(int key, void* data) {
-  if (!MakeBuckets() || !AddTailAny(data)) return false;
+  std::unique_ptr<CBasicMapElement> element(new (std::nothrow) CBasicMapElement(nullptr, nullptr, key));
+  if (!element || !MakeBuckets() || !AddTailAny(data)) return false;
   CBasicMapElement** bucket = Bucket(key);
-  auto* element = new (std::nothrow) CBasicMapElement(*bucket, GetTailElement(), key);
-  if (!element) return false;
-  *bucket = element;
+  element->Next = *bucket;
+  element->ListElement = GetTailElement();
+  *bucket = element.release();
   return true;
 }
 
