@@ -3,7 +3,6 @@
 #include <cstring>
 #include <limits>
 #include <new>
-#include <numeric>
 #include <vector>
 
 #include "qelvrml/foundation/CBasicList.h"
@@ -263,90 +262,39 @@ TEST(Map, ForgetsElementsThatTheListRemoves) {
   EXPECT_EQ(map.FindHash(4), nullptr);
 }
 
-// The place of a virtual operation among those of its class, as the ABI has it in a pointer to a member.
-template <class Operation>
-std::ptrdiff_t Slot(Operation operation) {
-  std::ptrdiff_t offset = 0;
-  std::memcpy(&offset, &operation, sizeof offset);
-  return offset / static_cast<std::ptrdiff_t>(sizeof(void*));
+// Whether virtual operations stand one behind the other among those of their class, as the ABI has it in pointers to
+// members.
+template <class... Operations>
+bool StandInOrder(std::ptrdiff_t place, Operations... operations) {
+  const auto placeOf = [](auto operation) {
+    std::ptrdiff_t offset = 0;
+    std::memcpy(&offset, &operation, sizeof offset);
+    return offset / static_cast<std::ptrdiff_t>(sizeof(void*));
+  };
+  return ((placeOf(operations) == place++) && ...);
 }
 
-std::vector<std::ptrdiff_t> From(std::ptrdiff_t first, std::size_t count) {
-  std::vector<std::ptrdiff_t> slots(count);
-  std::iota(slots.begin(), slots.end(), first);
-  return slots;
-}
-
-// Hosts that derive from these classes, built elsewhere, share the order of their virtual operations. The destructor
-// takes the first two places.
+// Hosts that derive from these classes, built elsewhere, share the order. The destructor takes the first two places.
 TEST(List, VirtualOperationsKeepTheirOrder) {
   using L = CBasicList;
-  const std::vector list = {Slot(&L::GetAt),
-                            Slot(&L::GetCount),
-                            Slot(&L::GoToFirst),
-                            Slot(&L::GetTailElement),
-                            Slot(&L::GoToNext),
-                            Slot(&L::GoToPrevious),
-                            Slot(&L::FindElement),
-                            Slot(&L::AddTail),
-                            Slot(&L::AddHead),
-                            Slot(&L::InsertAfter),
-                            Slot(&L::Remove),
-                            Slot(&L::RemoveHead),
-                            Slot(&L::RemoveAll),
-                            Slot(&L::GetHead),
-                            Slot(&L::GetTail),
-                            Slot(&L::GetCurrentElement),
-                            Slot(&L::GetElementAt),
-                            Slot(&L::GetIteratorCount),
-                            Slot(&L::GetElementHandler),
-                            Slot(&L::SetElementHandler),
-                            Slot(&L::AddTailValue),
-                            Slot(&L::AddHeadValue),
-                            Slot(&L::RemoveValue),
-                            Slot(&L::RemoveAllValues),
-                            Slot(&L::AddTailAny),
-                            Slot(&L::RemoveAny),
-                            Slot(&L::SetIntegerElements),
-                            Slot(&L::SetDoubleElements),
-                            Slot(&L::SetStringElements),
-                            Slot(&L::AttachIterator),
-                            Slot(&L::DetachIterator),
-                            Slot(&L::DetachAllIterators),
-                            Slot(&L::SetCurrentElement)};
-  EXPECT_EQ(list, From(2, list.size()));
-
+  EXPECT_TRUE(StandInOrder(2, &L::GetAt, &L::GetCount, &L::GoToFirst, &L::GetTailElement, &L::GoToNext,
+                           &L::GoToPrevious, &L::FindElement, &L::AddTail, &L::AddHead, &L::InsertAfter, &L::Remove,
+                           &L::RemoveHead, &L::RemoveAll, &L::GetHead, &L::GetTail, &L::GetCurrentElement,
+                           &L::GetElementAt, &L::GetIteratorCount, &L::GetElementHandler, &L::SetElementHandler,
+                           &L::AddTailValue, &L::AddHeadValue, &L::RemoveValue, &L::RemoveAllValues, &L::AddTailAny,
+                           &L::RemoveAny, &L::SetIntegerElements, &L::SetDoubleElements, &L::SetStringElements,
+                           &L::AttachIterator, &L::DetachIterator, &L::DetachAllIterators, &L::SetCurrentElement));
   using M = CBasicMap;
-  const std::vector map = {Slot(&M::AddString),      Slot(&M::AddHash),       Slot(&M::RemoveString),
-                           Slot(&M::RemoveHash),     Slot(&M::FindString),    Slot(&M::FindHash),
-                           Slot(&M::GetBucketCount), Slot(&M::SetBucketCount)};
-  EXPECT_EQ(map, From(list.back() + 1, map.size()));
-
+  EXPECT_TRUE(StandInOrder(35, &M::AddString, &M::AddHash, &M::RemoveString, &M::RemoveHash, &M::FindString,
+                           &M::FindHash, &M::GetBucketCount, &M::SetBucketCount));
   using I = CBasicListIterator;
-  const std::vector iterator = {Slot(&I::GetList),
-                                Slot(&I::SetList),
-                                Slot(&I::GetAt),
-                                Slot<void (I::*)(int)>(&I::Next),
-                                Slot<void (I::*)()>(&I::Next),
-                                Slot<void (I::*)(int)>(&I::Previous),
-                                Slot<void (I::*)()>(&I::Previous),
-                                Slot(&I::GetData),
-                                Slot<I& (I::*)(I&)>(&I::operator=),
-                                Slot(&I::GetCount),
-                                Slot(&I::GoToFirst),
-                                Slot(&I::GoToLast),
-                                Slot(&I::AddTail),
-                                Slot(&I::AddHead),
-                                Slot(&I::InsertAfterCurrent),
-                                Slot(&I::Remove),
-                                Slot(&I::RemoveHead),
-                                Slot(&I::RemoveAll),
-                                Slot(&I::AddTailValue),
-                                Slot(&I::AddHeadValue),
-                                Slot(&I::RemoveValue),
-                                Slot(&I::RemoveAllValues),
-                                Slot(&I::GetCurrentElement)};
-  EXPECT_EQ(iterator, From(2, iterator.size()));
+  using Step = void (I::*)(int);
+  using PlainStep = void (I::*)();
+  EXPECT_TRUE(StandInOrder(
+      2, &I::GetList, &I::SetList, &I::GetAt, Step(&I::Next), PlainStep(&I::Next), Step(&I::Previous),
+      PlainStep(&I::Previous), &I::GetData, static_cast<I& (I::*)(I&)>(&I::operator=), &I::GetCount, &I::GoToFirst,
+      &I::GoToLast, &I::AddTail, &I::AddHead, &I::InsertAfterCurrent, &I::Remove, &I::RemoveHead, &I::RemoveAll,
+      &I::AddTailValue, &I::AddHeadValue, &I::RemoveValue, &I::RemoveAllValues, &I::GetCurrentElement));
 }
 
 }  // namespace
