@@ -1,0 +1,132 @@
+#include "qelvrml/parser/Budget.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <functional>
+
+#include "qelvrml/dictionary/CVRMLDictionaryGeometry.h"
+#include "qelvrml/dictionary/CVRMLDictionarySolids.h"
+#include "qelvrml/parser/LoadState.h"
+#include "qelvrml/parser/ParserInternals.h"
+#include "support/Model.h"
+
+namespace {
+
+brixFloatPointArray FivePoints() {
+  brixFloatPointArray points;
+  for (int i = 0; i < 5; ++i) points.Append({static_cast<float>(i), static_cast<float>(i * i), 0.0F});
+  return points;
+}
+
+brixIntArray Indices(std::initializer_list<int> values) {
+  brixIntArray array;
+  for (const int value : values) array.Append(value);
+  return array;
+}
+
+brixDoubleArray Heights(int count) {
+  brixDoubleArray heights;
+  for (int i = 0; i < count; ++i) heights.Append(i);
+  return heights;
+}
+
+/// How many objects an operation makes that may make things for so many bytes.
+int MadeWithin(std::uint64_t bytes, const std::function<void(CVRMLParser&)>& make) {
+  CKelWorld world;
+  CVRMLParser parser;
+  parser.SetWorld(&world);
+  parser.DefineSeparator();
+  parser.DefineCoordinate3(FivePoints());
+  const qelvrml::LoadRun run(parser);
+  EXPECT_TRUE(qelvrml::ParserInternals::Load(parser).Made.Spend(qelvrml::BytesMadeOfAnyFile - bytes));
+  make(parser);
+  parser.PopSeparator();
+  return world.GetNumObjects();
+}
+
+// Both sides of each price: what fits exactly is made, and for a byte less nothing is.
+TEST(Budget, EveryNodePaysForWhatItMakes) {
+  struct Case {
+    const char* Name;
+    std::uint64_t Cost;
+    int Objects;
+    std::function<void(CVRMLParser&)> Make;
+  };
+  const std::vector<Case> cases = {
+      {"box", 512 + 8 * 12, 1, [](CVRMLParser& p) { p.DefineCube(1, 1, 1); }},
+      {"sphere", 512, 1, [](CVRMLParser& p) { p.DefineSphere(1); }},
+      {"cone", 2 * 512, 2, [](CVRMLParser& p) { p.DefineCone(1, 1, true, true); }},
+      {"cylinder", 3 * 512, 3, [](CVRMLParser& p) { p.DefineCylinder(1, 1); }},
+      {"points", 4 * (512 + 12), 4, [](CVRMLParser& p) { p.DefinePointSet(1, 1'000'000'000); }},
+      {"strips", 512 + 5 * 12 + 4, 1, [](CVRMLParser& p) { p.DefineTriangleStripSet(Indices({5})); }},
+      {"faces", 4 * 4 + 512 + 3 * 12, 1,
+       [](CVRMLParser& p) { p.DefineIndexedSet(true, Indices({3, 0, 1, 2}), {}, {}); }},
+      {"lines", 5 * 4 + 2 * 512 + 3 * 12, 2,
+       [](CVRMLParser& p) { p.DefineIndexedSet(false, Indices({2, 0, 1, 1, 2}), {}, {}); }},
+      {"mesh", 512 + 6 * 12, 1, [](CVRMLParser& p) { p.DefineElevationGrid(true, Heights(6), 2, 1, 3, 1); }},
+      {"grid lines", 5 * 512 + 12 * 12, 5,
+       [](CVRMLParser& p) { p.DefineElevationGrid(false, Heights(6), 2, 1, 3, 1); }},
+      {"replay", 64 + 512 + 8 * 12, 1,
+       [](CVRMLParser& p) {
+         CVRMLDictionaryCube cube;
+         p.ServiceDictionaryObject(&cube);
+       }},
+      {"replayed points", 64 + 5 * (512 + 12), 5,
+       [](CVRMLParser& p) {
+         CVRMLDictionaryPointSet set;
+         set.SetNumPoints(1'000'000'000);
+         p.ServiceDictionaryObject(&set);
+       }},
+  };
+  for (const Case& node : cases) {
+    EXPECT_EQ(MadeWithin(node.Cost, node.Make), node.Objects) << node.Name;
+    EXPECT_EQ(MadeWithin(node.Cost - 1, node.Make), 0) << node.Name;
+  }
+}
+
+TEST(Budget, GrowsWithTheInputAndTakesNothingThatIsTooMuch) {
+  qelvrml::Budget budget;
+  EXPECT_FALSE(budget.Spend(qelvrml::BytesMadeOfAnyFile + 1));
+  EXPECT_FALSE(budget.Spend(~std::uint64_t{0}));
+  EXPECT_TRUE(budget.Spend(qelvrml::BytesMadeOfAnyFile));
+  EXPECT_FALSE(budget.Spend(1));
+  budget.AddInput(2);
+  EXPECT_TRUE(budget.Spend(512));
+  EXPECT_FALSE(budget.Spend(1));
+}
+
+TEST(Budget, HostsOutsideALoadHaveNone) {
+  CKelWorld world;
+  CVRMLParser parser;
+  parser.SetWorld(&world);
+  EXPECT_TRUE(qelvrml::CanMake(parser, {.Points = ~std::uint64_t{0} / 100}));
+}
+
+// 1048577 lines cost about 560 MB: a second grid of them isn't made, and what comes behind it is.
+TEST(Budget, ASmallFileCannotMultiplyItself) {
+  const Model model = Load20(R"(
+    DEF g ElevationGrid { solid FALSE xDimension 1 zDimension 1048576 xSpacing 1 zSpacing 1 height [ 0 ] }
+    USE g USE g Box {})");
+  EXPECT_EQ(model.Size(), 1048577U + 1U);
+}
+
+// What a file makes in its subfiles is paid together, and their bytes count.
+TEST(Budget, SubfilesAddWhatTheyHold) {
+  CKelWorld world;
+  CVRMLParser parser;
+  parser.SetWorld(&world);
+  parser.DefineSeparator();
+  const TemporaryFolder folder;
+  const std::string text = "#VRML V2.0 utf8\nSphere {} Sphere {}";  // 36 bytes: 9216
+  const std::string path = folder.Write("part.wrl", text);
+  const qelvrml::LoadRun run(parser);
+  EXPECT_TRUE(qelvrml::ParserInternals::Load(parser).Made.Spend(qelvrml::BytesMadeOfAnyFile));
+  EXPECT_FALSE(parser.DefineSphere(1));
+  EXPECT_TRUE(parser.ParseSubfile(path.c_str()));
+  int more = 0;
+  while (parser.DefineSphere(1)) ++more;
+  EXPECT_EQ(more, static_cast<int>(text.size() * 256 / 512) - 2);
+}
+
+}  // namespace
