@@ -6,7 +6,18 @@
 #include <nlohmann/json.hpp>
 #include <string>
 
-#include "ObjectVisitor.h"
+#include "qelvrml/platform/brix/brixRunList.h"
+#include "qelvrml/platform/brix/groups/brixObjectVisitor.h"
+#include "qelvrml/platform/brix/solids/brixBox.h"
+#include "qelvrml/platform/brix/solids/brixCone.h"
+#include "qelvrml/platform/brix/solids/brixCylinder.h"
+#include "qelvrml/platform/brix/solids/brixDisk.h"
+#include "qelvrml/platform/brix/solids/brixDot.h"
+#include "qelvrml/platform/brix/solids/brixSphere.h"
+#include "qelvrml/platform/brixex/shapes/CKelMultipleTriangleStrip.h"
+#include "qelvrml/platform/brixex/shapes/CKelPolyMesh.h"
+#include "qelvrml/platform/brixex/shapes/CKelPolyface.h"
+#include "qelvrml/platform/brixex/shapes/CKelPolygon.h"
 #include "qelvrml/platform/brixex/textures/CKelTextureManager.h"
 
 namespace {
@@ -57,27 +68,23 @@ Json ToJson(const brixMatProps& material) {
           {"shininess", Shortest(front.GetShininess())}};
 }
 
-Json ToJson(const CKelTextureCoordinate& lie) {
-  return {{"id", lie.GetTextureID()},
-          {"wrapS", static_cast<int>(lie.GetTextureWrapS())},
-          {"wrapT", static_cast<int>(lie.GetTextureWrapT())},
-          {"rotation", lie.GetRotation()},
-          {"scale", {Shortest(lie.GetScale().S), Shortest(lie.GetScale().T)}},
-          {"coordinates", ToJson(lie.GetCoordinates().View())}};
+Json ToJson(const CKelTextureCoordinate& mapping) {
+  return {{"id", mapping.GetTextureID()},
+          {"wrapS", static_cast<int>(mapping.GetTextureWrapS())},
+          {"wrapT", static_cast<int>(mapping.GetTextureWrapT())},
+          {"rotation", mapping.GetRotation()},
+          {"scale", {Shortest(mapping.GetScale().S), Shortest(mapping.GetScale().T)}},
+          {"coordinates", ToJson(mapping.GetCoordinates().View())}};
 }
 
-Json FacesToJson(std::span<const int> runs) {
-  Json faces = Json::array();
-  while (!runs.empty()) {
-    const std::span<const int> face = runs.subspan(1, static_cast<std::size_t>(runs[0]));
-    faces.push_back(Json(std::vector<int>(face.begin(), face.end())));
-    runs = runs.subspan(face.size() + 1);
-  }
-  return faces;
+Json ToJson(const brixRunList& runs) {
+  Json lists = Json::array();
+  for (const brixRun& run : runs) lists.push_back(std::vector<int>(run.Indices.begin(), run.Indices.end()));
+  return lists;
 }
 
 /// Adds the fields of an object by its class.
-class FieldWriter : public ObjectVisitor {
+class FieldWriter : public brixObjectVisitor {
 public:
   explicit FieldWriter(Json& object) : Object(object) {}
 
@@ -105,17 +112,21 @@ public:
   void Visit(const brixDot& dot) override { Object["point"] = ToJson(dot.GetDot()); }
   void Visit(const CKelPolyface& face) override {
     Object["points"] = ToJson(face.GetPoints().View());
-    Object["faces"] = FacesToJson(face.GetFaceList().View());
+    Object["faces"] = ToJson(brixRunList(face.GetFaceList()));
   }
+  void Visit(const CKelPolygon& polygon) override { Object["points"] = ToJson(polygon.GetPolyline().View()); }
   void Visit(const CKelPolyline& line) override { Object["points"] = ToJson(line.GetPolyline().View()); }
   void Visit(const CKelPolyMesh& mesh) override {
     Object["rows"] = mesh.GetRows();
     Object["columns"] = mesh.GetColumns();
     Object["points"] = ToJson(mesh.GetPoints().View());
   }
+  void Visit(const CKelTriangleStrip& strip) override {
+    Object["points"] = ToJson(strip.GetPoints().View());
+    Object["normals"] = ToJson(strip.GetNormals().View());
+  }
   void Visit(const CKelMultipleTriangleStrip& strips) override {
-    Object["points"] = ToJson(strips.GetPoints().View());
-    Object["normals"] = ToJson(strips.GetNormals().View());
+    Visit(static_cast<const CKelTriangleStrip&>(strips));
     const auto counts = strips.GetPointCounts().View();
     Object["counts"] = std::vector<int>(counts.begin(), counts.end());
   }
@@ -125,14 +136,14 @@ private:
 };
 
 Json ObjectToJson(const brixBaseObject& object, const CKelTextureManager* textures) {
-  Json result = {{"type", ClassName(object)},
+  Json result = {{"type", object.GetClassName()},
                  {"name", ToUtf8(object.GetObjectName().GetText())},
                  {"material", ToJson(object.GetMatProps())}};
-  if (const CKelTextureCoordinate* lie = textures ? textures->FindTextureCoordinate(object.GetId()) : nullptr) {
-    result["texture"] = ToJson(*lie);
+  if (const CKelTextureCoordinate* mapping = textures ? textures->FindTextureCoordinate(object.GetId()) : nullptr) {
+    result["texture"] = ToJson(*mapping);
   }
   FieldWriter writer(result);
-  VisitObject(object, writer);
+  object.Accept(writer);
   return result;
 }
 

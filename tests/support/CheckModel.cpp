@@ -3,12 +3,9 @@
 #include <algorithm>
 
 #include "qelvrml/platform/brix/brixRunList.h"
+#include "qelvrml/platform/brix/groups/brixObjectVisitor.h"
 #include "qelvrml/platform/brix/solids/brixBox.h"
-#include "qelvrml/platform/brix/solids/brixCone.h"
-#include "qelvrml/platform/brix/solids/brixCylinder.h"
-#include "qelvrml/platform/brix/solids/brixDisk.h"
 #include "qelvrml/platform/brix/solids/brixDot.h"
-#include "qelvrml/platform/brix/solids/brixSphere.h"
 #include "qelvrml/platform/brixex/shapes/CKelMultipleTriangleStrip.h"
 #include "qelvrml/platform/brixex/shapes/CKelPolyMesh.h"
 #include "qelvrml/platform/brixex/shapes/CKelPolyface.h"
@@ -16,27 +13,42 @@
 
 namespace {
 
-std::string FindFaceFault(const CKelPolyface& face) {
-  std::size_t places = 0;
-  for (const brixRun& run : brixRunList(face.GetFaceList())) {
-    places += run.Indices.size() + 1;
-    for (const int index : run.Indices) {
-      if (static_cast<unsigned>(index) >= face.GetPoints().GetSize()) return "a face names a point that isn't there";
+/// Collects the points that an object holds, and what is wrong with its lists.
+class Inspector : public brixObjectVisitor {
+public:
+  std::vector<brixFloatPoint> Points;
+  std::string Fault;
+
+  void Visit(const brixBox& box) override { Take(box.GetCorners()); }
+  void Visit(const brixDot& dot) override { Points.push_back(dot.GetDot()); }
+  void Visit(const CKelPolygon& polygon) override { Take(polygon.GetPolyline()); }
+  void Visit(const CKelPolyline& line) override { Take(line.GetPolyline()); }
+  void Visit(const CKelMultipleTriangleStrip& strips) override { Take(strips.GetPoints()); }
+  void Visit(const CKelPolyMesh& mesh) override {
+    Take(mesh.GetPoints());
+    if (static_cast<std::size_t>(mesh.GetRows()) * static_cast<std::size_t>(mesh.GetColumns()) != Points.size())
+      Fault = "a mesh of another size";
+  }
+  void Visit(const CKelPolyface& face) override {
+    Take(face.GetPoints());
+    for (const brixRun& run : brixRunList(face.GetFaceList())) {
+      for (const int index : run.Indices) {
+        if (static_cast<unsigned>(index) >= Points.size()) Fault = "a face names a point that isn't there";
+      }
+      const int count = face.GetFaceList().View()[static_cast<std::size_t>(run.First) - 1];
+      if (count != static_cast<int>(run.Indices.size())) Fault = "a face list breaks off";
     }
   }
-  return places == face.GetFaceList().GetSize() ? "" : "a face list breaks off";
-}
+
+private:
+  void Take(const brixFloatPointArray& points) { Points.assign(points.View().begin(), points.View().end()); }
+};
 
 std::string FindObjectFault(const brixBaseObject& object) {
-  if (ClassOf(object).empty()) return "an object of no known class";
   if (object.GetMatProps().GetMode() != 2) return "an object without a material";
-  if (const auto* face = dynamic_cast<const CKelPolyface*>(&object)) {
-    if (std::string fault = FindFaceFault(*face); !fault.empty()) return fault;
-  }
-  if (const auto* mesh = dynamic_cast<const CKelPolyMesh*>(&object)) {
-    if (static_cast<unsigned>(mesh->GetRows() * mesh->GetColumns()) != mesh->GetPoints().GetSize())
-      return "a mesh of another size";
-  }
+  Inspector inspector;
+  object.Accept(inspector);
+  if (!inspector.Fault.empty()) return inspector.Fault;
   brixEvaluation evaluation;
   object.Evaluate(0.0, evaluation);
   const auto outside = [&evaluation](unsigned index) { return index >= evaluation.Points.size(); };
@@ -63,29 +75,10 @@ std::string FindGroupFault(const brixBaseGroup& group) {
 
 }  // namespace
 
-std::string ClassOf(const brixBaseObject& object) {
-  if (dynamic_cast<const brixBox*>(&object)) return "brixBox";
-  if (dynamic_cast<const brixCone*>(&object)) return "brixCone";
-  if (dynamic_cast<const brixCylinder*>(&object)) return "brixCylinder";
-  if (dynamic_cast<const brixDisk*>(&object)) return "brixDisk";
-  if (dynamic_cast<const brixDot*>(&object)) return "brixDot";
-  if (dynamic_cast<const brixSphere*>(&object)) return "brixSphere";
-  if (dynamic_cast<const CKelPolyface*>(&object)) return "CKelPolyface";
-  if (dynamic_cast<const CKelPolygon*>(&object)) return "CKelPolygon";
-  if (dynamic_cast<const CKelPolyline*>(&object)) return "CKelPolyline";
-  if (dynamic_cast<const CKelPolyMesh*>(&object)) return "CKelPolyMesh";
-  if (dynamic_cast<const CKelMultipleTriangleStrip*>(&object)) return "CKelMultipleTriangleStrip";
-  return "";
-}
-
-const brixFloatPointArray& StoredPoints(const brixBaseObject& object) {
-  static const brixFloatPointArray none;
-  if (const auto* box = dynamic_cast<const brixBox*>(&object)) return box->GetCorners();
-  if (const auto* face = dynamic_cast<const CKelPolyface*>(&object)) return face->GetPoints();
-  if (const auto* line = dynamic_cast<const CKelPolyline*>(&object)) return line->GetPolyline();
-  if (const auto* mesh = dynamic_cast<const CKelPolyMesh*>(&object)) return mesh->GetPoints();
-  if (const auto* strips = dynamic_cast<const CKelTriangleStrip*>(&object)) return strips->GetPoints();
-  return none;
+std::vector<brixFloatPoint> StoredPoints(const brixBaseObject& object) {
+  Inspector inspector;
+  object.Accept(inspector);
+  return inspector.Points;
 }
 
 std::string FindFault(const CKelWorld& world) { return FindGroupFault(world); }

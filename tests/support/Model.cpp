@@ -7,8 +7,6 @@
 #include <cmath>
 #include <fstream>
 
-#include "qelvrml/platform/brix/solids/brixDot.h"
-
 namespace {
 
 void Collect(const brixBaseGroup& group, std::vector<const brixBaseObject*>& objects) {
@@ -55,7 +53,8 @@ const brixBaseObject& Model::Object(std::size_t index) const { return *Objects()
 
 std::string Model::Classes() const {
   std::string names;
-  for (const brixBaseObject* object : Objects()) names += (names.empty() ? "" : " ") + ClassOf(*object);
+  for (const brixBaseObject* object : Objects())
+    names += std::string(names.empty() ? "" : " ") + object->GetClassName();
   return names;
 }
 
@@ -71,10 +70,7 @@ float Model::Unscale() const {
 }
 
 std::vector<brixFloatPoint> Model::Points(std::size_t index) const {
-  const brixBaseObject& object = Object(index);
-  const auto view = StoredPoints(object).View();
-  std::vector<brixFloatPoint> points(view.begin(), view.end());
-  if (const auto* dot = dynamic_cast<const brixDot*>(&object)) points.push_back(dot->GetDot());
+  std::vector<brixFloatPoint> points = StoredPoints(Object(index));
   for (brixFloatPoint& p : points) p = {p.x * Unscale(), p.y * Unscale(), p.z * Unscale()};
   return points;
 }

@@ -8,6 +8,8 @@
 #include "qelvrml/platform/brix/brixWRope.h"
 #include "qelvrml/platform/brix/groups/brixEvaluation.h"
 
+class brixObjectVisitor;
+
 /// Base of all objects of a model.
 class QELVRML_EXPORT brixBaseObject {
 public:
@@ -23,6 +25,10 @@ public:
   void SetMatProps(const brixMatProps& material) { Material = material; }
   const brixMatProps& GetMatProps() const { return Material; }
 
+  /// Name of the object's class, such as "brixCone".
+  virtual const char* GetClassName() const = 0;
+  /// Calls the visitor's operation for the object's class.
+  virtual void Accept(brixObjectVisitor& visitor) const = 0;
   /// Brings the object to another place: its points, as row vectors, times the matrix.
   virtual void ApplyMatrixToGeometry(const brixMatrix4x4& matrix, brixBool updateBox) = 0;
   /// Exact extent in world coordinates.

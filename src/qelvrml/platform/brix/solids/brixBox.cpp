@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "qelvrml/platform/brix/brixVector.h"
+#include "qelvrml/platform/brix/groups/brixObjectVisitor.h"
 
 namespace {
 
@@ -23,6 +24,8 @@ void brixBox::SetBox(const brixFloatPointArray& corners) {
   Corners = corners;
   Corners.Realloc(CornerCount, brixTrue);
 }
+
+void brixBox::Accept(brixObjectVisitor& visitor) const { visitor.Visit(*this); }
 
 void brixBox::ApplyMatrixToGeometry(const brixMatrix4x4& matrix, brixBool /*updateBox*/) {
   for (brixFloatPoint& corner : Corners.Edit()) corner = corner * matrix;

@@ -15,6 +15,8 @@ public:
   void SetBox(const brixFloatPointArray& corners);
   const brixFloatPointArray& GetCorners() const { return Corners; }
 
+  const char* GetClassName() const override { return "brixBox"; }
+  void Accept(brixObjectVisitor& visitor) const override;
   void ApplyMatrixToGeometry(const brixMatrix4x4& matrix, brixBool updateBox) override;
   brixBBox ComputeBBox() const override;
   brixEReturn Evaluate(double chordTolerance, brixEvaluation& result) const override;

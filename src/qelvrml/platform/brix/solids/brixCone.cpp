@@ -5,6 +5,7 @@
 #include <numbers>
 
 #include "qelvrml/platform/brix/brixVector.h"
+#include "qelvrml/platform/brix/groups/brixObjectVisitor.h"
 #include "qelvrml/platform/brix/solids/RevolvedSurface.h"
 
 void brixCone::SetCone(float height, float bottomRadius, float topRadius) {
@@ -12,6 +13,8 @@ void brixCone::SetCone(float height, float bottomRadius, float topRadius) {
   BottomRadius = bottomRadius;
   TopRadius = topRadius;
 }
+
+void brixCone::Accept(brixObjectVisitor& visitor) const { visitor.Visit(*this); }
 
 brixBBox brixCone::ComputeBBox() const {
   constexpr qelvrml::Turn Whole = {0.0, 2.0 * std::numbers::pi};

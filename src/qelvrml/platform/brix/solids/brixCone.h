@@ -11,6 +11,8 @@ public:
   float GetBottomRadius() const { return BottomRadius; }
   float GetTopRadius() const { return TopRadius; }
 
+  const char* GetClassName() const override { return "brixCone"; }
+  void Accept(brixObjectVisitor& visitor) const override;
   brixBBox ComputeBBox() const override;
   brixEReturn Evaluate(double chordTolerance, brixEvaluation& result) const override;
 

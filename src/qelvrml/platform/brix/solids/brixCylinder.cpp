@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "qelvrml/platform/brix/groups/brixObjectVisitor.h"
 #include "qelvrml/platform/brix/solids/RevolvedSurface.h"
 
 void brixCylinder::SetCylinder(float height, float radius, float ratio, const brixVector& startDirection,
@@ -14,6 +15,8 @@ void brixCylinder::SetCylinder(float height, float radius, float ratio, const br
   StartAngle = startAngle;
   EndAngle = endAngle;
 }
+
+void brixCylinder::Accept(brixObjectVisitor& visitor) const { visitor.Visit(*this); }
 
 brixBBox brixCylinder::ComputeBBox() const {
   const qelvrml::Turn turn = {StartAngle, EndAngle};

@@ -18,6 +18,8 @@ public:
   float GetStartAngle() const { return StartAngle; }
   float GetEndAngle() const { return EndAngle; }
 
+  const char* GetClassName() const override { return "brixCylinder"; }
+  void Accept(brixObjectVisitor& visitor) const override;
   brixBBox ComputeBBox() const override;
   brixEReturn Evaluate(double chordTolerance, brixEvaluation& result) const override;
 

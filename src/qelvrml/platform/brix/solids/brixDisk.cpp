@@ -5,6 +5,7 @@
 #include <numbers>
 
 #include "qelvrml/platform/brix/brixVector.h"
+#include "qelvrml/platform/brix/groups/brixObjectVisitor.h"
 #include "qelvrml/platform/brix/solids/RevolvedSurface.h"
 
 namespace {
@@ -19,6 +20,8 @@ void brixDisk::SetDisk(float innerRadius, float outerRadius, const brixMatrix4x4
   SetXformation(placement);
   Filled = filled;
 }
+
+void brixDisk::Accept(brixObjectVisitor& visitor) const { visitor.Visit(*this); }
 
 brixBBox brixDisk::ComputeBBox() const {
   const brixVector start(1.0F, 0.0F, 0.0F);

@@ -12,6 +12,8 @@ public:
   const brixMatrix4x4& GetPlacement() const { return GetXformation(); }
   brixBool GetFilled() const { return Filled; }
 
+  const char* GetClassName() const override { return "brixDisk"; }
+  void Accept(brixObjectVisitor& visitor) const override;
   brixBBox ComputeBBox() const override;
   /// Triangles of a filled disk, the outline's segments of another.
   brixEReturn Evaluate(double chordTolerance, brixEvaluation& result) const override;

@@ -1,5 +1,9 @@
 #include "qelvrml/platform/brix/solids/brixDot.h"
 
+#include "qelvrml/platform/brix/groups/brixObjectVisitor.h"
+
+void brixDot::Accept(brixObjectVisitor& visitor) const { visitor.Visit(*this); }
+
 void brixDot::ApplyMatrixToGeometry(const brixMatrix4x4& matrix, brixBool /*updateBox*/) { Point = Point * matrix; }
 
 brixBBox brixDot::ComputeBBox() const {

@@ -10,6 +10,8 @@ public:
   void SetDot(const brixFloatPoint& point) { Point = point; }
   const brixFloatPoint& GetDot() const { return Point; }
 
+  const char* GetClassName() const override { return "brixDot"; }
+  void Accept(brixObjectVisitor& visitor) const override;
   void ApplyMatrixToGeometry(const brixMatrix4x4& matrix, brixBool updateBox) override;
   brixBBox ComputeBBox() const override;
   /// One point, no triangles and no segments.

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <numbers>
 
+#include "qelvrml/platform/brix/groups/brixObjectVisitor.h"
 #include "qelvrml/platform/brix/solids/RevolvedSurface.h"
 
 namespace {
@@ -32,6 +33,8 @@ void brixSphere::SetSphere(const brixFloatPoint& centre, const brixVector& start
   StartPolar = startPolar;
   EndPolar = endPolar;
 }
+
+void brixSphere::Accept(brixObjectVisitor& visitor) const { visitor.Visit(*this); }
 
 // The extent along an axis is reached where the sphere's normal, seen through the matrix, points along it, if that
 // place is on the part, or else on the part's border.

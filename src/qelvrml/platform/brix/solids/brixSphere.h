@@ -21,6 +21,8 @@ public:
   float GetStartPolar() const { return StartPolar; }
   float GetEndPolar() const { return EndPolar; }
 
+  const char* GetClassName() const override { return "brixSphere"; }
+  void Accept(brixObjectVisitor& visitor) const override;
   brixBBox ComputeBBox() const override;
   brixEReturn Evaluate(double chordTolerance, brixEvaluation& result) const override;
 

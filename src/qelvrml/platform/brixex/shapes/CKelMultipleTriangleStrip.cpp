@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "qelvrml/platform/brix/groups/brixObjectVisitor.h"
+
 void CKelMultipleTriangleStrip::SetStrips(const brixFloatPointArray& points, const brixVectorArray& normals,
                                           const brixIntArray& counts) {
   SetPoints(points, normals);
@@ -12,6 +14,8 @@ void CKelMultipleTriangleStrip::SetStrips(const brixFloatPointArray& points, con
     left -= count;
   }
 }
+
+void CKelMultipleTriangleStrip::Accept(brixObjectVisitor& visitor) const { visitor.Visit(*this); }
 
 brixEReturn CKelMultipleTriangleStrip::Evaluate(double /*chordTolerance*/, brixEvaluation& result) const {
   result = {};

@@ -11,6 +11,8 @@ public:
   virtual void SetStrips(const brixFloatPointArray& points, const brixVectorArray& normals, const brixIntArray& counts);
   const brixIntArray& GetPointCounts() const { return Counts; }
 
+  const char* GetClassName() const override { return "CKelMultipleTriangleStrip"; }
+  void Accept(brixObjectVisitor& visitor) const override;
   brixEReturn Evaluate(double chordTolerance, brixEvaluation& result) const override;
 
 private:

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "qelvrml/platform/brix/groups/brixObjectVisitor.h"
 #include "qelvrml/platform/brixex/shapes/PointRange.h"
 
 void CKelPolyMesh::SetPoints(const brixFloatPointArray& points, int rows, int columns, bool closedRows,
@@ -13,6 +14,8 @@ void CKelPolyMesh::SetPoints(const brixFloatPointArray& points, int rows, int co
   ClosedRows = closedRows;
   ClosedColumns = closedColumns;
 }
+
+void CKelPolyMesh::Accept(brixObjectVisitor& visitor) const { visitor.Visit(*this); }
 
 void CKelPolyMesh::ApplyMatrixToGeometry(const brixMatrix4x4& matrix, brixBool /*updateBox*/) {
   qelvrml::Transform(Points.Edit(), matrix);

@@ -16,6 +16,8 @@ public:
   bool GetClosedRows() const { return ClosedRows; }
   bool GetClosedColumns() const { return ClosedColumns; }
 
+  const char* GetClassName() const override { return "CKelPolyMesh"; }
+  void Accept(brixObjectVisitor& visitor) const override;
   void ApplyMatrixToGeometry(const brixMatrix4x4& matrix, brixBool updateBox) override;
   brixBBox ComputeBBox() const override;
   /// Two triangles for each cell of the grid.

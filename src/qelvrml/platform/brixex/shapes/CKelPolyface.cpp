@@ -1,9 +1,9 @@
 #include "qelvrml/platform/brixex/shapes/CKelPolyface.h"
 
-#include <algorithm>
-#include <span>
 #include <vector>
 
+#include "qelvrml/platform/brix/brixRunList.h"
+#include "qelvrml/platform/brix/groups/brixObjectVisitor.h"
 #include "qelvrml/platform/brixex/shapes/PointRange.h"
 
 void CKelPolyface::SetPoints(const brixFloatPointArray& points, const brixIntArray& faces, bool compress) {
@@ -11,6 +11,8 @@ void CKelPolyface::SetPoints(const brixFloatPointArray& points, const brixIntArr
   Faces = faces;
   Compress = compress;
 }
+
+void CKelPolyface::Accept(brixObjectVisitor& visitor) const { visitor.Visit(*this); }
 
 void CKelPolyface::ApplyMatrixToGeometry(const brixMatrix4x4& matrix, brixBool updateBox) {
   ApplyMatrixToGeometry(matrix, updateBox, true);
@@ -25,15 +27,13 @@ brixBBox CKelPolyface::ComputeBBox() const { return qelvrml::BoxOf(Points.View()
 brixEReturn CKelPolyface::Evaluate(double /*chordTolerance*/, brixEvaluation& result) const {
   result = {};
   std::vector<brixFloatPoint> outline;
-  for (std::span<const int> left = Faces.View(); !left.empty();) {
-    const auto count = std::min(static_cast<std::size_t>(std::max(left[0], 0)), left.size() - 1);
+  for (const brixRun& face : brixRunList(Faces)) {
     outline.clear();
-    for (const int index : left.subspan(1, count)) {
+    for (const int index : face.Indices) {
       if (index >= 0 && static_cast<unsigned>(index) < Points.GetSize())
         outline.push_back(Points.View()[static_cast<std::size_t>(index)]);
     }
     qelvrml::AddPolygon(outline, result);
-    left = left.subspan(count + 1);
   }
   return result.Triangles.empty() ? brixEFailed : brixEOK;
 }

@@ -14,6 +14,8 @@ public:
   const brixIntArray& GetFaceList() const { return Faces; }
   bool GetCompress() const { return Compress; }
 
+  const char* GetClassName() const override { return "CKelPolyface"; }
+  void Accept(brixObjectVisitor& visitor) const override;
   void ApplyMatrixToGeometry(const brixMatrix4x4& matrix, brixBool updateBox) override;
   virtual void ApplyMatrixToGeometry(const brixMatrix4x4& matrix, brixBool updateBox, bool recompute);
   brixBBox ComputeBBox() const override;

@@ -1,6 +1,9 @@
 #include "qelvrml/platform/brixex/shapes/CKelPolygon.h"
 
+#include "qelvrml/platform/brix/groups/brixObjectVisitor.h"
 #include "qelvrml/platform/brixex/shapes/PointRange.h"
+
+void CKelPolygon::Accept(brixObjectVisitor& visitor) const { visitor.Visit(*this); }
 
 brixEReturn CKelPolygon::Evaluate(double chordTolerance, brixEvaluation& result) const {
   if (GetPolyline().GetSize() < 3) return CKelPolyline::Evaluate(chordTolerance, result);

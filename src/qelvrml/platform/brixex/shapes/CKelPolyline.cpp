@@ -1,11 +1,14 @@
 #include "qelvrml/platform/brixex/shapes/CKelPolyline.h"
 
+#include "qelvrml/platform/brix/groups/brixObjectVisitor.h"
 #include "qelvrml/platform/brixex/shapes/PointRange.h"
 
 void CKelPolyline::SetPolyline(const brixFloatPointArray& points, bool closed) {
   Points = points;
   Closed = closed;
 }
+
+void CKelPolyline::Accept(brixObjectVisitor& visitor) const { visitor.Visit(*this); }
 
 void CKelPolyline::ApplyMatrixToGeometry(const brixMatrix4x4& matrix, brixBool /*updateBox*/) {
   qelvrml::Transform(Points.Edit(), matrix);

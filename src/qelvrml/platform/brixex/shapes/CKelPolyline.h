@@ -11,6 +11,8 @@ public:
   const brixFloatPointArray& GetPolyline() const { return Points; }
   bool GetClosed() const { return Closed; }
 
+  const char* GetClassName() const override { return "CKelPolyline"; }
+  void Accept(brixObjectVisitor& visitor) const override;
   void ApplyMatrixToGeometry(const brixMatrix4x4& matrix, brixBool updateBox) override;
   brixBBox ComputeBBox() const override;
   /// A segment from each point to the next one.

@@ -1,11 +1,14 @@
 #include "qelvrml/platform/brixex/shapes/CKelTriangleStrip.h"
 
+#include "qelvrml/platform/brix/groups/brixObjectVisitor.h"
 #include "qelvrml/platform/brixex/shapes/PointRange.h"
 
 void CKelTriangleStrip::SetPoints(const brixFloatPointArray& points, const brixVectorArray& normals) {
   Points = points;
   Normals = normals;
 }
+
+void CKelTriangleStrip::Accept(brixObjectVisitor& visitor) const { visitor.Visit(*this); }
 
 void CKelTriangleStrip::ApplyMatrixToGeometry(const brixMatrix4x4& matrix, brixBool /*updateBox*/) {
   qelvrml::Transform(Points.Edit(), matrix);

@@ -12,6 +12,8 @@ public:
   const brixFloatPointArray& GetPoints() const { return Points; }
   const brixVectorArray& GetNormals() const { return Normals; }
 
+  const char* GetClassName() const override { return "CKelTriangleStrip"; }
+  void Accept(brixObjectVisitor& visitor) const override;
   void ApplyMatrixToGeometry(const brixMatrix4x4& matrix, brixBool updateBox) override;
   brixBBox ComputeBBox() const override;
   brixEReturn Evaluate(double chordTolerance, brixEvaluation& result) const override;
