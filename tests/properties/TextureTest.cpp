@@ -26,7 +26,7 @@ protected:
            "} geometry IndexedFaceSet { coord Coordinate { point [ 0 0 0, 1 0 0, 0 1 0 ] } coordIndex [ 0 1 2 ] "
            "texCoord TextureCoordinate { point [ 0 0, 1 0, 0 1 ] } } } ";
   }
-  static const CKelTextureCoordinate* Lie(const Model& model, std::size_t index) {
+  static const CKelTextureCoordinate* Mapping(const Model& model, std::size_t index) {
     return model.World->GetTextureManager()->FindTextureCoordinate(model.Object(index).GetId());
   }
   static std::vector<int> Pixel(const CKelTexture& texture, int index) {
@@ -100,15 +100,15 @@ TEST_F(TextureTest, ATextureLiesOnItsObject) {
   ASSERT_EQ(model.Size(), 3U);
   const CKelTextureManager& textures = *model.World->GetTextureManager();
   ASSERT_EQ(textures.GetNumberTextures(), 2) << "names are compared as they are resolved";
-  ASSERT_TRUE(Lie(model, 0));
-  EXPECT_EQ(Lie(model, 0)->GetTextureID(), 1);
-  EXPECT_EQ(Lie(model, 0)->GetTextureWrapS(), TextureWrapClamp);
-  EXPECT_EQ(Lie(model, 0)->GetTextureWrapT(), TextureWrapRepeat);
-  EXPECT_NEAR(Lie(model, 0)->GetRotation(), 180.0, 1e-5);
-  EXPECT_EQ(Lie(model, 0)->GetScale().T, 3.0F);
-  EXPECT_EQ(Lie(model, 0)->GetCoordinates().GetSize(), 3U);
-  EXPECT_EQ(Lie(model, 1)->GetTextureWrapT(), TextureWrapClamp);
-  EXPECT_FALSE(Lie(model, 2));
+  ASSERT_TRUE(Mapping(model, 0));
+  EXPECT_EQ(Mapping(model, 0)->GetTextureID(), 1);
+  EXPECT_EQ(Mapping(model, 0)->GetTextureWrapS(), TextureWrapClamp);
+  EXPECT_EQ(Mapping(model, 0)->GetTextureWrapT(), TextureWrapRepeat);
+  EXPECT_NEAR(Mapping(model, 0)->GetRotation(), 180.0, 1e-5);
+  EXPECT_EQ(Mapping(model, 0)->GetScale().T, 3.0F);
+  EXPECT_EQ(Mapping(model, 0)->GetCoordinates().GetSize(), 3U);
+  EXPECT_EQ(Mapping(model, 1)->GetTextureWrapT(), TextureWrapClamp);
+  EXPECT_FALSE(Mapping(model, 2));
   EXPECT_THAT(model.Diffuse(0), IsColour(1, 1, 1, 1));
   EXPECT_THAT(model.Diffuse(2), IsColour(1, 0, 0, 1)) << "the colour that the last shape has left behind";
 }
@@ -117,9 +117,9 @@ TEST_F(TextureTest, SharedByNameAndByUse) {
   const Model model = LoadShapes(Textured("DEF t ImageTexture { url \"tile.png\" repeatS FALSE }") + Textured("USE t") +
                                  Textured("ImageTexture { url \"tile.png\" }"));
   EXPECT_EQ(model.World->GetTextureManager()->GetNumberTextures(), 1);
-  for (std::size_t i = 0; i < 3; ++i) EXPECT_EQ(Lie(model, i)->GetTextureID(), 1);
-  EXPECT_EQ(Lie(model, 1)->GetTextureWrapS(), TextureWrapClamp);
-  EXPECT_EQ(Lie(model, 2)->GetTextureWrapS(), TextureWrapRepeat);
+  for (std::size_t i = 0; i < 3; ++i) EXPECT_EQ(Mapping(model, i)->GetTextureID(), 1);
+  EXPECT_EQ(Mapping(model, 1)->GetTextureWrapS(), TextureWrapClamp);
+  EXPECT_EQ(Mapping(model, 2)->GetTextureWrapS(), TextureWrapRepeat);
 }
 
 // Names that climb out of the folder lead nowhere but to their last component.
@@ -180,7 +180,7 @@ TEST_F(TextureTest, PixelTextures) {
     const CKelTextureManager& textures = *model.World->GetTextureManager();
     ASSERT_EQ(textures.GetNumberTextures(), count) << image;
     if (count == 0) continue;
-    EXPECT_EQ(Lie(model, 0)->GetTextureWrapS(), TextureWrapClamp) << image;
+    EXPECT_EQ(Mapping(model, 0)->GetTextureWrapS(), TextureWrapClamp) << image;
     EXPECT_EQ(textures.GetTextureAt(0)->GetPixelArray() == nullptr, first.empty()) << image;
     if (!first.empty()) {
       EXPECT_EQ(Pixel(*textures.GetTextureAt(0), 0), first) << image;
@@ -193,8 +193,8 @@ TEST_F(TextureTest, ReplaysReadNoFile) {
       "DEF s " + Textured("ImageTexture { url \"tile.png\" }", "textureTransform TextureTransform { scale 2 2 }") +
       "USE s");
   ASSERT_EQ(model.Size(), 2U);
-  ASSERT_TRUE(Lie(model, 1));
-  EXPECT_EQ(Lie(model, 1)->GetScale().S, 2.0F);
+  ASSERT_TRUE(Mapping(model, 1));
+  EXPECT_EQ(Mapping(model, 1)->GetScale().S, 2.0F);
   EXPECT_EQ(model.World->GetTextureManager()->GetNumberTextures(), 1);
 }
 

@@ -20,8 +20,6 @@ using qelvrml::NodeReader;
 
 namespace {
 
-constexpr float WholeTurn = 6.283186F;
-
 brixMatrix4x4 AxisPlacement(double height, const brixMatrix4x4& transformation) {
   return CVRMLParser::CreateBaseTranslationMatrix() *
          GetDisplacementMatrix({0.0F, static_cast<float>(-height / 2.0), 0.0F}) * transformation;
@@ -114,7 +112,7 @@ bool CVRMLParser::DefineCylinder(double radius, double height) {
   if (!cylinder) return false;
   const brixMatrix4x4 placement = AxisPlacement(height, CurrentSeparator->GetTransformation());
   cylinder->SetCylinder(static_cast<float>(height), static_cast<float>(radius), 1.0F, {1.0F, 0.0F, 0.0F}, 0.0F,
-                        WholeTurn);
+                        brixCylinder::WholeTurn);
   cylinder->SetXformation(placement);
   if (!AddObjectToSeparator(cylinder.release())) return false;
   AddDisks(*this, radius, height, placement);

@@ -84,14 +84,12 @@ bool CVRMLParser::ParseSphere() {
 }
 
 bool CVRMLParser::DefineSphere(double radius) {
-  constexpr float WholeTurn = 6.283186F;
-  constexpr float HalfTurn = 3.141593F;
   if (!CurrentSeparator || !qelvrml::CanMake(*this, {.Objects = 1})) return false;
 
   std::unique_ptr<brixSphere> sphere(new (std::nothrow) brixSphere);
   if (!sphere) return false;
-  sphere->SetSphere({}, {1.0F, 0.0F, 0.0F}, {0.0F, 0.0F, 1.0F}, static_cast<float>(radius), 0.0F, WholeTurn, 0.0F,
-                    HalfTurn);
+  sphere->SetSphere({}, {1.0F, 0.0F, 0.0F}, {0.0F, 0.0F, 1.0F}, static_cast<float>(radius), 0.0F, brixSphere::WholeTurn,
+                    0.0F, brixSphere::HalfTurn);
   sphere->SetXformation(CurrentSeparator->GetTransformation());
   const bool placed = AddObjectToSeparator(sphere.release());
   qelvrml::Record<CVRMLDictionarySphere>(*this, [&](auto& entry) { entry.SetRadius(radius); });

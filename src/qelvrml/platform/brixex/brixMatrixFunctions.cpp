@@ -8,7 +8,6 @@
 
 namespace {
 
-constexpr float IdentityTolerance = 1.0e-6F;
 constexpr double OppositeSine = 1.0e-7;  // below this sine two directions give no axis of their own
 
 using Triple = std::array<double, 3>;
@@ -140,7 +139,7 @@ bool IsIdentityMatrix(const brixMatrix4x4& m) {
   for (std::size_t row = 0; row < 4; ++row) {
     for (std::size_t column = 0; column < 4; ++column) {
       const float expected = row == column ? 1.0F : 0.0F;
-      if (!(std::fabs(m[row][column] - expected) <= IdentityTolerance)) return false;
+      if (!(std::fabs(m[row][column] - expected) <= brixFloatPoint::Tolerance)) return false;
     }
   }
   return true;

@@ -24,7 +24,7 @@ QELVRML_EXPORT brixMatrix4x4 CreateRotationMatrixForVectors(const brixVector& fr
                                                             const brixVector* axis);
 /// Places the local origin on the plane's point, and the local +Z along its normal by the shortest rotation.
 QELVRML_EXPORT brixMatrix4x4 CreateMatrixFromPlane(const brixPlane& plane);
-/// Whether every element is within 1.0e-6 of the identity's.
+/// Whether every element is within brixFloatPoint::Tolerance of the identity's.
 QELVRML_EXPORT bool IsIdentityMatrix(const brixMatrix4x4& m);
 /// In degrees, from 0 to 180; 0 with a zero vector.
 QELVRML_EXPORT double CalculateAngleBetweenVectors(const brixVector& a, const brixVector& b);

@@ -6,6 +6,10 @@
 /// Base of the surfaces of revolution: a profile that turns about the local Z axis, placed by a matrix.
 class QELVRML_EXPORT brixBaseRevSurface : public brixBaseObject {
 public:
+  /// In single precision, and a little above 2 pi and pi, so that a whole surface has no gap.
+  static constexpr float WholeTurn = 6.283186F;
+  static constexpr float HalfTurn = 3.141593F;
+
   /// The matrix that the surface is evaluated with; the surface's parameters stay local.
   void SetXformation(const brixMatrix4x4& matrix) { Xformation = matrix; }
   const brixMatrix4x4& GetXformation() const { return Xformation; }
