@@ -1,6 +1,7 @@
 #include "qelvrml/platform/brixex/textures/CKelTextureManager.h"
 
 #include <algorithm>
+#include <new>
 #include <string>
 #include <string_view>
 
@@ -35,9 +36,15 @@ const CKelTexture* CKelTextureManager::GetTextureAt(int index) const {
 
 int CKelTextureManager::RegisterTexture(CKelTexture* texture) {
   if (!texture) return -1;
-  const bool named = texture->GetFilename().GetLength() > 0;
-  if (named) TexturesByName.emplace(std::u16string(texture->GetFilename().GetView()), texture);
-  Textures.emplace_back();
+  const std::size_t count = Textures.size();
+  try {
+    Textures.emplace_back();
+    const std::u16string_view name = texture->GetFilename().GetView();
+    if (!name.empty()) TexturesByName.emplace(name, texture);
+  } catch (const std::bad_alloc&) {
+    Textures.resize(count);
+    return -1;
+  }
   Textures.back().reset(texture);
   texture->SetTextureID(GetNumberTextures());
   return texture->GetTextureID();
@@ -45,9 +52,13 @@ int CKelTextureManager::RegisterTexture(CKelTexture* texture) {
 
 bool CKelTextureManager::RegisterTextureCoordinate(CKelTextureCoordinate* coordinate) {
   if (!coordinate) return false;
-  const auto [place, added] = Coordinates.try_emplace(static_cast<unsigned int>(coordinate->GetParentGeometryID()));
-  if (added) place->second.reset(coordinate);
-  return added;
+  try {
+    const auto [place, added] = Coordinates.try_emplace(static_cast<unsigned int>(coordinate->GetParentGeometryID()));
+    if (added) place->second.reset(coordinate);
+    return added;
+  } catch (const std::bad_alloc&) {
+    return false;
+  }
 }
 
 const CKelTextureCoordinate* CKelTextureManager::FindTextureCoordinate(unsigned int objectId) const {

@@ -22,10 +22,11 @@ public:
   CKelTexture* GetTexture(const CBasicString& filename) const;
   /// In order of registration; null for a bad index.
   const CKelTexture* GetTextureAt(int index) const;
-  /// Takes the texture over and gives its id, from 1 on; -1 for null, and then it stays with the caller.
+  /// Takes the texture over and gives its id, from 1 on. -1 for null and when there is no memory for the entry: the
+  /// texture stays with the caller, and the manager as it was.
   int RegisterTexture(CKelTexture* texture);
-  /// Takes the record over, one for each object; false for null and for an object that has one, and then it stays with
-  /// the caller.
+  /// Takes the record over, one for each object. False for null, for an object that has one and when there is no memory
+  /// for the entry: the record stays with the caller, and the manager as it was.
   bool RegisterTextureCoordinate(CKelTextureCoordinate* coordinate);
   /// How a texture lies on the object of that id; null if none does.
   const CKelTextureCoordinate* FindTextureCoordinate(unsigned int objectId) const;
