@@ -34,6 +34,7 @@ Image DecodePng(std::string_view file, std::size_t mostPixels) {
   png.version = PNG_IMAGE_VERSION;
   Image image;
   if (png_image_begin_read_from_memory(&png, file.data(), file.size())) {
+    png.flags |= PNG_IMAGE_FLAG_16BIT_sRGB;  // samples of 16 bits mean the same colours as those of 8
     png.format = PNG_FORMAT_RGBA;
     image = MakeImage(png.width, png.height, mostPixels);
     if (image.Pixels && !png_image_finish_read(&png, nullptr, image.Pixels.get(), 0, nullptr)) image = {};
@@ -59,7 +60,7 @@ Image DecodeJpeg(std::string_view file, std::size_t mostPixels) {
   return image;
 }
 
-/// Reads the first image of a GIF file.
+/// Reads a GIF file: its screen with the first image at its place; what the image leaves free is transparent.
 class GifReader {
 public:
   explicit GifReader(std::string_view file) : Left(file), Gif(DGifOpen(&Left, ReadBytes, nullptr)) {}
@@ -72,7 +73,8 @@ public:
   Image Read(std::size_t mostPixels) {
     if (!Gif || !FindImage()) return {};
     const GifImageDesc& frame = Gif->Image;
-    Image image = MakeImage(frame.Width, frame.Height, mostPixels);
+    Image image = MakeImage(std::max(Gif->SWidth, frame.Left + frame.Width),
+                            std::max(Gif->SHeight, frame.Top + frame.Height), mostPixels);
     if (image.Pixels && !ReadRows(image)) image = {};
     return image;
   }
@@ -120,12 +122,14 @@ private:
     const std::span<const std::array<int, 2>> passes = Gif->Image.Interlace
                                                            ? std::span<const std::array<int, 2>>(Passes)
                                                            : std::span<const std::array<int, 2>>(OnePass);
-    std::vector<GifPixelType> row(static_cast<std::size_t>(image.Width));
+    const GifImageDesc& frame = Gif->Image;
+    std::vector<GifPixelType> row(static_cast<std::size_t>(frame.Width));
     bool found = false;
     for (const auto& [first, step] : passes) {
-      for (int y = first; y < image.Height; y += step) {
-        if (DGifGetLine(Gif, row.data(), image.Width) != GIF_OK) return found;
-        SKelTexturePixel* pixel = &image.Pixels[static_cast<std::size_t>(y) * row.size()];
+      for (int y = first; y < frame.Height; y += step) {
+        if (DGifGetLine(Gif, row.data(), frame.Width) != GIF_OK) return found;
+        SKelTexturePixel* pixel =
+            image.Pixels.get() + static_cast<std::ptrdiff_t>(frame.Top + y) * image.Width + frame.Left;
         for (const GifPixelType index : row) *pixel++ = PixelOf(index, *colours);
         found = true;
       }
