@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <exception>
 #include <iostream>
+#include <stdexcept>
 #include <string>
 
 #include "Dump.h"
@@ -18,6 +19,9 @@ int Run(int argc, char** argv) {
   CLI::App app("Shows what a VRML file holds.", "qelvrml");
   app.set_version_flag("--version", "qelvrml " QELVRML_VERSION);
   app.require_subcommand(1);
+  app.failure_message([](const CLI::App* /*app*/, const CLI::Error& error) {
+    return std::string("qelvrml: ") + error.what() + "; --help tells more\n";
+  });
   app.footer(
       "Exit status: 0 when the file was loaded, 1 when nothing in it could be loaded or it isn't a VRML file,\n"
       "2 when it can't be opened, 3 when it can't be unpacked, 64 for wrong arguments.");
@@ -36,6 +40,7 @@ int Run(int argc, char** argv) {
   const std::string problem = WhatWentWrong(file);
   if (*dump) Dump(file);
   if (*info && problem.empty()) PrintInfo(file);
+  if (!std::cout.flush()) throw std::runtime_error("can't write to standard output");
   if (!problem.empty()) std::cerr << "qelvrml: " << path << ": " << problem << '\n';
   return ExitStatus(file.Result);
 }
