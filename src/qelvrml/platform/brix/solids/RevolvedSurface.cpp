@@ -3,14 +3,15 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <utility>
 
+#include "qelvrml/platform/brix/NormalMatrix.h"
 #include "qelvrml/platform/brix/brixVector.h"
 
 namespace qelvrml {
 namespace {
 
 constexpr int MostSteps = 4096;
-constexpr double DefaultTolerance = 0.01;  // of the radius
 
 using Triple = std::array<double, 3>;
 
@@ -31,28 +32,7 @@ Triple At(const Arc& arc, double angle) {
   return result;
 }
 
-// Whether an angle, or the same place some turns away, lies in the range.
-bool Contains(const Turn& turn, double angle) {
-  constexpr double Whole = 2.0 * std::numbers::pi;
-  return turn.From + std::fmod(std::fmod(angle - turn.From, Whole) + Whole, Whole) <= turn.To;
-}
-
-// Cofactors of the upper left 3 x 3 part: they turn normals as the part turns points, up to a factor.
-std::array<Triple, 3> NormalMatrix(const brixMatrix4x4& m) {
-  std::array<Triple, 3> cofactors{};
-  for (std::size_t r = 0; r < 3; ++r) {
-    const auto& a = m[(r + 1) % 3];
-    const auto& b = m[(r + 2) % 3];
-    for (std::size_t c = 0; c < 3; ++c) {
-      const std::size_t c1 = (c + 1) % 3;
-      const std::size_t c2 = (c + 2) % 3;
-      cofactors[r][c] = static_cast<double>(a[c1]) * b[c2] - static_cast<double>(a[c2]) * b[c1];
-    }
-  }
-  return cofactors;
-}
-
-double Determinant(const brixMatrix4x4& m, const std::array<Triple, 3>& cofactors) {
+double Determinant(const brixMatrix4x4& m, const Matrix3x3& cofactors) {
   return m[0][0] * cofactors[0][0] + m[0][1] * cofactors[0][1] + m[0][2] * cofactors[0][2];
 }
 
@@ -65,6 +45,11 @@ void AddTriangle(brixEvaluation& result, unsigned a, unsigned b, unsigned c) {
 }
 
 }  // namespace
+
+bool Contains(const Turn& turn, double angle) {
+  const double whole = FullCircle.To;
+  return turn.From + std::fmod(std::fmod(angle - turn.From, whole) + whole, whole) <= turn.To;
+}
 
 void AddArc(brixBBox& box, const Arc& arc, const Turn& turn, const brixMatrix4x4& matrix) {
   const Arc placed = {Placed(arc.Centre, matrix, 1.0), Placed(arc.U, matrix, 0.0), Placed(arc.V, matrix, 0.0)};
@@ -87,39 +72,54 @@ Arc CircleAboutZ(double radius, double z, const brixFloatPoint& centre, const br
   return arc;
 }
 
+// Sizes below zero give the same solid upside down or turned by half a turn, facing outward like any other.
 Surface FrustumSide(double bottomRadius, double topRadius, double height, const Turn& turn) {
-  return [=](double around, double up) {
+  const double base = std::min(height, 0.0);
+  if (height < 0.0) std::swap(bottomRadius, topRadius);
+  const double opposite = bottomRadius + topRadius < 0.0 ? -1.0 : 1.0;
+  return [=, rise = std::fabs(height), bottom = opposite * bottomRadius, top = opposite * topRadius](double around,
+                                                                                                     double up) {
     const double angle = turn.From + around * (turn.To - turn.From);
-    const double radius = bottomRadius + (topRadius - bottomRadius) * up;
-    SurfacePoint point;
-    point.Position = {radius * std::cos(angle), radius * std::sin(angle), height * up};
-    point.Normal = {height * std::cos(angle), height * std::sin(angle), bottomRadius - topRadius};
-    return point;
+    const double x = opposite * std::cos(angle);
+    const double y = opposite * std::sin(angle);
+    const double radius = bottom + (top - bottom) * up;
+    return SurfacePoint{{radius * x, radius * y, base + rise * up}, {rise * x, rise * y, bottom - top}};
   };
+}
+
+double ChordTolerance(double radius, double chordTolerance) {
+  constexpr double DefaultShare = 0.01;
+  return chordTolerance > 0.0 ? chordTolerance : DefaultShare * std::fabs(radius);
 }
 
 int ChordSteps(double radius, double angle, double chordTolerance) {
   const double r = std::fabs(radius);
-  const double tolerance = chordTolerance > 0.0 ? chordTolerance : DefaultTolerance * r;
+  const double tolerance = ChordTolerance(radius, chordTolerance);
   const double step = tolerance < r ? 2.0 * std::acos(1.0 - tolerance / r) : std::numbers::pi;
   const double largest = std::min(step, std::numbers::pi / 2.0);
   const double steps = std::ceil(std::fabs(angle) / largest);
   return steps >= 1.0 ? static_cast<int>(std::min<double>(steps, MostSteps)) : 1;
 }
 
+// Gershgorin's bound on the eigenvalues of the matrix times its transpose.
 double LargestStretch(const brixMatrix4x4& matrix) {
   double largest = 0.0;
   for (std::size_t row = 0; row < 3; ++row) {
-    const double length = std::hypot(matrix[row][0], matrix[row][1], matrix[row][2]);
-    if (length > largest) largest = length;
+    double sum = 0.0;
+    for (std::size_t other = 0; other < 3; ++other) {
+      double product = 0.0;
+      for (std::size_t k = 0; k < 3; ++k) product += static_cast<double>(matrix[row][k]) * matrix[other][k];
+      sum += std::fabs(product);
+    }
+    largest = std::max(largest, sum);
   }
-  return largest;
+  return std::sqrt(largest);
 }
 
 brixEReturn EvaluateSurface(const Surface& surface, int turnSteps, int alongSteps, const brixMatrix4x4& matrix,
                             brixEvaluation& result) {
   result = {};
-  const std::array<Triple, 3> cofactors = NormalMatrix(matrix);
+  const Matrix3x3 cofactors = NormalMatrix(matrix);
   const bool mirrored = Determinant(matrix, cofactors) < 0.0;
   const double outward = mirrored ? -1.0 : 1.0;
   for (int i = 0; i <= turnSteps; ++i) {

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <functional>
+#include <numbers>
 
 #include "qelvrml/platform/brix/brixBBox.h"
 #include "qelvrml/platform/brix/brixBool.h"
@@ -10,11 +11,16 @@
 
 namespace qelvrml {
 
-/// An angle's range, in radians.
+/// An angle's range, in radians; From isn't above To.
 struct Turn {
   double From = 0.0;
   double To = 0.0;
 };
+
+inline constexpr Turn FullCircle = {0.0, 2.0 * std::numbers::pi};
+
+/// Whether an angle, or the same place some turns away, lies in the range.
+bool Contains(const Turn& turn, double angle);
 
 /// An arc of an ellipse: Centre + U * cos(t) + V * sin(t).
 struct Arc {
@@ -39,13 +45,17 @@ Arc CircleAboutZ(double radius, double z, const brixFloatPoint& centre, const br
 using Surface = std::function<SurfacePoint(double, double)>;
 
 /// The side of a frustum about the Z axis with its base in the plane z = 0; the first parameter goes round, the second
-/// up.
+/// up, outward also for sizes below zero.
 Surface FrustumSide(double bottomRadius, double topRadius, double height, const Turn& turn);
+
+/// The tolerance in use: 0 or less stands for a hundredth of the radius.
+double ChordTolerance(double radius, double chordTolerance);
 
 /// Steps that keep the chords of a circle within the tolerance over an angle; from 1 to a bound of some thousands.
 int ChordSteps(double radius, double angle, double chordTolerance);
 
-/// Largest factor by which the matrix stretches a local length along an axis.
+/// A bound on the factor by which the matrix stretches any local length; the factor itself when its axes stay at right
+/// angles.
 double LargestStretch(const brixMatrix4x4& matrix);
 
 /// Fills `result` with a grid of triangles over a surface, placed by `matrix`.

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 
 #include "qelvrml/platform/brix/brixVector.h"
 #include "qelvrml/platform/brix/groups/brixObjectVisitor.h"
@@ -17,19 +16,17 @@ void brixCone::SetCone(float height, float bottomRadius, float topRadius) {
 void brixCone::Accept(brixObjectVisitor& visitor) const { visitor.Visit(*this); }
 
 brixBBox brixCone::ComputeBBox() const {
-  constexpr qelvrml::Turn Whole = {0.0, 2.0 * std::numbers::pi};
   const brixVector start(1.0F, 0.0F, 0.0F);
   brixBBox box;
-  qelvrml::AddArc(box, qelvrml::CircleAboutZ(BottomRadius, 0.0, {}, start), Whole, GetXformation());
-  qelvrml::AddArc(box, qelvrml::CircleAboutZ(TopRadius, Height, {}, start), Whole, GetXformation());
+  qelvrml::AddArc(box, qelvrml::CircleAboutZ(BottomRadius, 0.0, {}, start), qelvrml::FullCircle, GetXformation());
+  qelvrml::AddArc(box, qelvrml::CircleAboutZ(TopRadius, Height, {}, start), qelvrml::FullCircle, GetXformation());
   return box;
 }
 
 brixEReturn brixCone::Evaluate(double chordTolerance, brixEvaluation& result) const {
-  constexpr double Whole = 2.0 * std::numbers::pi;
   const double radius =
       std::max(std::fabs(BottomRadius), std::fabs(TopRadius)) * qelvrml::LargestStretch(GetXformation());
-  const int steps = std::max(3, qelvrml::ChordSteps(radius, Whole, chordTolerance));
-  const qelvrml::Surface side = qelvrml::FrustumSide(BottomRadius, TopRadius, Height, {0.0, Whole});
+  const int steps = std::max(3, qelvrml::ChordSteps(radius, qelvrml::FullCircle.To, chordTolerance));
+  const qelvrml::Surface side = qelvrml::FrustumSide(BottomRadius, TopRadius, Height, qelvrml::FullCircle);
   return qelvrml::EvaluateSurface(side, steps, 1, GetXformation(), result);
 }

@@ -7,8 +7,8 @@
 /// The side of a cylinder, or a part of it. Its axis is the local +Z, its base stands in the plane z = 0.
 class QELVRML_EXPORT brixCylinder : public brixBaseRevSurface {
 public:
-  /// `ratio` is the top's radius by the base's; the angles, in radians, count from `startDirection`, a unit vector of
-  /// the XY plane.
+  /// `ratio` is the top's radius by the base's; the angles, in radians and rising, count from `startDirection`, a
+  /// unit vector of the XY plane.
   void SetCylinder(float height, float radius, float ratio, const brixVector& startDirection, float startAngle,
                    float endAngle);
   float GetHeight() const { return Height; }
@@ -29,5 +29,5 @@ private:
   float Ratio = 1.0F;
   brixVector StartDirection{1.0F, 0.0F, 0.0F};
   float StartAngle = 0.0F;
-  float EndAngle = 6.283186F;
+  float EndAngle = WholeTurn;
 };

@@ -2,17 +2,10 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 
 #include "qelvrml/platform/brix/brixVector.h"
 #include "qelvrml/platform/brix/groups/brixObjectVisitor.h"
 #include "qelvrml/platform/brix/solids/RevolvedSurface.h"
-
-namespace {
-
-constexpr double WholeTurn = 2.0 * std::numbers::pi;
-
-}  // namespace
 
 void brixDisk::SetDisk(float innerRadius, float outerRadius, const brixMatrix4x4& placement, brixBool filled) {
   InnerRadius = innerRadius;
@@ -26,24 +19,26 @@ void brixDisk::Accept(brixObjectVisitor& visitor) const { visitor.Visit(*this); 
 brixBBox brixDisk::ComputeBBox() const {
   const brixVector start(1.0F, 0.0F, 0.0F);
   brixBBox box;
-  qelvrml::AddArc(box, qelvrml::CircleAboutZ(OuterRadius, 0.0, {}, start), {0.0, WholeTurn}, GetXformation());
+  const float radius = std::max(std::fabs(InnerRadius), std::fabs(OuterRadius));
+  qelvrml::AddArc(box, qelvrml::CircleAboutZ(radius, 0.0, {}, start), qelvrml::FullCircle, GetXformation());
   return box;
 }
 
 brixEReturn brixDisk::Evaluate(double chordTolerance, brixEvaluation& result) const {
-  const double inner = InnerRadius;
-  const double outer = OuterRadius;
+  const double inner = std::min(std::fabs(InnerRadius), std::fabs(OuterRadius));
+  const double outer = std::max(std::fabs(InnerRadius), std::fabs(OuterRadius));
   const auto surface = [=](double turn, double along) {
-    const double angle = turn * WholeTurn;
+    const double angle = turn * qelvrml::FullCircle.To;
     const double radius = outer + (inner - outer) * along;
     return qelvrml::SurfacePoint{{radius * std::cos(angle), radius * std::sin(angle), 0.0}, {0.0, 0.0, 1.0}};
   };
   const double radius = outer * qelvrml::LargestStretch(GetXformation());
-  const int steps = std::max(3, qelvrml::ChordSteps(radius, WholeTurn, chordTolerance));
+  const int steps = std::max(3, qelvrml::ChordSteps(radius, qelvrml::FullCircle.To, chordTolerance));
   const brixEReturn evaluated = qelvrml::EvaluateSurface(surface, steps, 1, GetXformation(), result);
   if (Filled == brixTrue) return evaluated;
 
   result.Triangles.clear();
+  result.Normals.clear();
   for (unsigned i = 0; i < static_cast<unsigned>(steps); ++i) {
     result.Segments.insert(result.Segments.end(), {2 * i, 2 * i + 2});
   }

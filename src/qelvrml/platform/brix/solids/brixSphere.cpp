@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <numbers>
 
 #include "qelvrml/platform/brix/groups/brixObjectVisitor.h"
 #include "qelvrml/platform/brix/solids/RevolvedSurface.h"
@@ -63,8 +62,7 @@ brixBBox brixSphere::ComputeBBox() const {
       const double turnAngle = std::atan2(sign * onSide, sign * onStart);
       const Triple outward = Sum(StartDirection, r * std::cos(turnAngle), side, r * std::sin(turnAngle));
       const double polarAngle = std::atan2(std::hypot(onStart, onSide), sign * onPole);
-      const double wrapped = turnAngle < turn.From ? turnAngle + 2.0 * std::numbers::pi : turnAngle;
-      if (wrapped > turn.To || polarAngle < polar.From || polarAngle > polar.To) continue;
+      if (!qelvrml::Contains(turn, turnAngle) || !qelvrml::Contains(polar, polarAngle)) continue;
       qelvrml::AddArc(box, {Shifted(Centre, {}), Sum(PolarAxis, r, side, 0.0), outward}, {polarAngle, polarAngle}, m);
     }
   }
@@ -75,19 +73,24 @@ brixEReturn brixSphere::Evaluate(double chordTolerance, brixEvaluation& result) 
   const brixVector side = CrossProduct(PolarAxis, StartDirection);
   const double turnSweep = static_cast<double>(EndTurn) - StartTurn;
   const double polarSweep = static_cast<double>(EndPolar) - StartPolar;
+  const double outward = Radius < 0.0F ? -1.0 : 1.0;
   const auto surface = [&](double turn, double along) {
     const double angle = StartTurn + turn * turnSweep;
-    const double polar = EndPolar - along * polarSweep;  // from the lower parallel up, so that triangles face outward
-    const double ring = std::sin(polar);
+    // From the lower parallel up, so that triangles face outward; a radius below zero puts the lower one on top.
+    const double polar = Radius < 0.0F ? StartPolar + along * polarSweep : EndPolar - along * polarSweep;
+    const double ring = outward * std::sin(polar);
     const Triple around = Sum(StartDirection, ring * std::cos(angle), side, ring * std::sin(angle));
-    const Triple up = Sum(PolarAxis, std::cos(polar), PolarAxis, 0.0);
+    const Triple up = Sum(PolarAxis, outward * std::cos(polar), PolarAxis, 0.0);
+    const double r = std::fabs(Radius);
     qelvrml::SurfacePoint point;
     point.Normal = {around[0] + up[0], around[1] + up[1], around[2] + up[2]};
-    point.Position = Shifted(Centre, {Radius * point.Normal[0], Radius * point.Normal[1], Radius * point.Normal[2]});
+    point.Position = Shifted(Centre, {r * point.Normal[0], r * point.Normal[1], r * point.Normal[2]});
     return point;
   };
   const double radius = Radius * qelvrml::LargestStretch(GetXformation());
-  const int turnSteps = std::max(3, qelvrml::ChordSteps(radius, turnSweep, chordTolerance));
-  const int polarSteps = std::max(2, qelvrml::ChordSteps(radius, polarSweep, chordTolerance));
+  // Within a triangle the distances of the two directions add up.
+  const double half = qelvrml::ChordTolerance(radius, chordTolerance) / 2.0;
+  const int turnSteps = std::max(3, qelvrml::ChordSteps(radius, turnSweep, half));
+  const int polarSteps = std::max(2, qelvrml::ChordSteps(radius, polarSweep, half));
   return qelvrml::EvaluateSurface(surface, turnSteps, polarSteps, GetXformation(), result);
 }

@@ -8,8 +8,8 @@
 /// A sphere, or a part of one between two meridians and two parallels.
 class QELVRML_EXPORT brixSphere : public brixBaseRevSurface {
 public:
-  /// All angles are in radians: the turn about `polarAxis` counts from `startDirection`, the polar angle from the axis.
-  /// The two directions are unit vectors at right angles.
+  /// All angles are in radians and rise: the turn about `polarAxis` counts from `startDirection`, the polar angle from
+  /// the axis. The two directions are unit vectors at right angles.
   void SetSphere(const brixFloatPoint& centre, const brixVector& startDirection, const brixVector& polarAxis,
                  float radius, float startTurn, float endTurn, float startPolar, float endPolar);
   const brixFloatPoint& GetCentre() const { return Centre; }
@@ -32,7 +32,7 @@ private:
   brixVector PolarAxis{0.0F, 0.0F, 1.0F};
   float Radius = 1.0F;
   float StartTurn = 0.0F;
-  float EndTurn = 6.283186F;
+  float EndTurn = WholeTurn;
   float StartPolar = 0.0F;
-  float EndPolar = 3.141593F;
+  float EndPolar = HalfTurn;
 };

@@ -1,5 +1,6 @@
 #include "qelvrml/platform/brixex/shapes/CKelTriangleStrip.h"
 
+#include "qelvrml/platform/brix/NormalMatrix.h"
 #include "qelvrml/platform/brix/groups/brixObjectVisitor.h"
 #include "qelvrml/platform/brixex/shapes/PointRange.h"
 
@@ -12,7 +13,14 @@ void CKelTriangleStrip::Accept(brixObjectVisitor& visitor) const { visitor.Visit
 
 void CKelTriangleStrip::ApplyMatrixToGeometry(const brixMatrix4x4& matrix, brixBool /*updateBox*/) {
   qelvrml::Transform(Points.Edit(), matrix);
-  for (brixVector& normal : Normals.Edit()) normal = normal * matrix;
+  const qelvrml::Matrix3x3 m = qelvrml::NormalMatrix(matrix);
+  for (brixVector& n : Normals.Edit()) {
+    const auto component = [&](std::size_t i) {
+      return static_cast<float>(n.x * m[0][i] + n.y * m[1][i] + n.z * m[2][i]);
+    };
+    n = {component(0), component(1), component(2)};
+    n.Normalize();
+  }
 }
 
 brixBBox CKelTriangleStrip::ComputeBBox() const { return qelvrml::BoxOf(Points.View()); }
