@@ -1,8 +1,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <fstream>
-
 #include "qelvrml/platform/brixex/textures/CKelTextureManager.h"
 #include "support/Model.h"
 
@@ -35,62 +33,6 @@ protected:
   }
   TemporaryFolder Folder;
 };
-
-using testing::ElementsAre;
-
-// JPEG doesn't keep the very values.
-auto IsAbout(const std::vector<int>& values) {
-  return testing::Pointwise(
-      testing::Truly([](auto pair) { return std::abs(std::get<0>(pair) - std::get<1>(pair)) < 4; }), values);
-}
-
-TEST_F(TextureTest, ImagesOfAllKinds) {
-  struct Case {
-    std::string Name;
-    int Width;
-    int Height;
-    std::vector<int> First;
-    std::vector<int> Third;
-  };
-  for (const auto& [name, width, height, first, third] : {Case{"tile.png", 3, 2, {255, 0, 0, 255}, {0, 0, 255, 128}},
-                                                          Case{"green.jpg", 16, 8, {0, 200, 0, 255}, {0, 200, 0, 255}},
-                                                          Case{"dots.gif", 2, 2, {255, 0, 0, 255}, {0, 0, 255, 255}}}) {
-    CKelTexture texture;
-    ASSERT_TRUE(texture.GenerateTextureFromFile((Scenes + "/" + name).c_str())) << name;
-    EXPECT_EQ(texture.GetWidth(), width);
-    EXPECT_EQ(texture.GetHeight(), height);
-    EXPECT_THAT(Pixel(texture, 0), IsAbout(first));
-    EXPECT_THAT(Pixel(texture, 2), IsAbout(third));
-  }
-  CKelTexture gif;
-  ASSERT_TRUE(gif.GenerateTextureFromFile((Scenes + "/dots.gif").c_str()));
-  EXPECT_THAT(Pixel(gif, 1), ElementsAre(0, 255, 0, 0)) << "the transparent colour";
-}
-
-TEST_F(TextureTest, DamagedImages) {
-  for (const std::string name : {"tile.png", "Green.JPG", "dots.gif"}) {
-    std::ifstream file(Scenes + "/" + name, std::ios::binary);
-    const std::string bytes(std::istreambuf_iterator<char>(file), {});
-    for (std::size_t length = 0; length < bytes.size(); ++length) {
-      CKelTexture texture;
-      const bool decoded = texture.GenerateTextureFromFile(Folder.Write("cut", bytes.substr(0, length)).c_str());
-      EXPECT_EQ(decoded, texture.GetPixelArray() != nullptr);
-      EXPECT_FALSE(decoded && name == "tile.png" && length < 80) << length;
-    }
-  }
-  CKelTexture texture;
-  EXPECT_FALSE(texture.GenerateTextureFromFile("/no/such/file.png"));
-  EXPECT_FALSE(texture.GenerateTextureFromFile(Folder.Path().c_str()));
-  EXPECT_FALSE(texture.AllocatePixelArray(CKelTexture::MostPixels + 1));
-  EXPECT_TRUE(texture.GenerateTextureFromFile(Folder
-                                                  .Write("wrong.jpg",
-                                                         [] {
-                                                           std::ifstream file(Scenes + "/tile.png", std::ios::binary);
-                                                           return std::string(std::istreambuf_iterator<char>(file), {});
-                                                         }())
-                                                  .c_str()))
-      << "the content counts, not the extension";
-}
 
 TEST_F(TextureTest, ATextureLiesOnItsObject) {
   const Model model =

@@ -11,6 +11,9 @@ namespace {
 
 using Triple = std::array<double, 3>;
 
+constexpr double PoleSine =
+    1.0e-6;  // a parallel as small as this is the pole: half a turn in single precision ends behind it
+
 Triple Sum(const brixVector& a, double fa, const brixVector& b, double fb) {
   return {a.x * fa + b.x * fb, a.y * fa + b.y * fb, a.z * fa + b.z * fb};
 }
@@ -78,7 +81,8 @@ brixEReturn brixSphere::Evaluate(double chordTolerance, brixEvaluation& result) 
     const double angle = StartTurn + turn * turnSweep;
     // From the lower parallel up, so that triangles face outward; a radius below zero puts the lower one on top.
     const double polar = Radius < 0.0F ? StartPolar + along * polarSweep : EndPolar - along * polarSweep;
-    const double ring = outward * std::sin(polar);
+    const double sine = std::sin(polar);
+    const double ring = std::fabs(sine) < PoleSine ? 0.0 : outward * sine;
     const Triple around = Sum(StartDirection, ring * std::cos(angle), side, ring * std::sin(angle));
     const Triple up = Sum(PolarAxis, outward * std::cos(polar), PolarAxis, 0.0);
     const double r = std::fabs(Radius);
