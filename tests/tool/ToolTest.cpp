@@ -50,15 +50,41 @@ TEST(Tool, DumpsTheModelAsJson) {
   EXPECT_THAT(output.Out, HasSubstr("\"name\":\"c\xEF\xBF\xBD\"")) << "a name that isn't UTF-8";
   EXPECT_THAT(output.Out, HasSubstr(R"("diffuse":[1.0,1.0,1.0,1.0])"));
   EXPECT_EQ(output.Error, "");
+  EXPECT_EQ(RunTool("dump " + path + " >/dev/full 2>&1; exit $?; :").Status, 70) << "a full disk";
 }
 
-TEST(Tool, InfoCountsTheModel) {
+TEST(Tool, ObjectsOfEveryClass) {
   const TemporaryFolder folder;
-  const Output output = RunTool("info " + folder.Write("s.wrl", "#VRML V1.0 ascii\nDEF g Group { Cube {} Cube {} }"));
-  EXPECT_EQ(output.Status, 0);
-  EXPECT_THAT(output.Out, HasSubstr("200 x 200 x 200 centimeters"));
-  EXPECT_THAT(output.Out, testing::ContainsRegex("brixBox +2\n"));
-  EXPECT_THAT(output.Out, testing::ContainsRegex("triangles +24\n"));
+  const std::string path = folder.Write("s.wrl", R"(#VRML V1.0 ascii
+    Cone { bottomRadius 30 height 400 } Cylinder { radius 5 height 8 } Sphere { radius 7 } Cube {}
+    Coordinate3 { point [ 0 0 0, 4 0 0, 0 4 0, 4 4 0 ] } PointSet { startIndex 1 numPoints 1 }
+    IndexedFaceSet { coordIndex [ 0 1 2 -1 1 3 2 -1 ] } IndexedLineSet { coordIndex [ 0 1 2 -1 ] }
+    MaterialBinding { value PER_FACE } IndexedFaceSet { coordIndex [ 0 1 3 -1 ] } TriangleStripSet { numVertices [ 4 ] }
+    ElevationGrid { xDimension 2 zDimension 2 xSpacing 1 zSpacing 1 height [ 0 0 0 0 ] })");
+  const Output dump = RunTool("dump " + path);
+  const std::string identity = "1.0,0.0,0.0,0.0,0.0,1.0,0.0,0.0,0.0,0.0,1.0,0.0,0.0,0.0,0.0,1.0";
+  const std::string three = R"("points":[[0.0,0.0,0.0],[4.0,0.0,0.0],[0.0,4.0,0.0])";
+  for (const auto& [name, fields] : std::vector<std::pair<std::string, std::string>>{
+           {"brixCone", R"("height":400.0,"bottomRadius":30.0,"topRadius":0.0,"matrix":[)"},
+           {"brixDisk", R"("innerRadius":0.0,"outerRadius":30.0,"matrix":[)"},
+           {"brixCylinder", R"("height":8.0,"radius":5.0,"matrix":[)"},
+           {"brixSphere", R"("radius":7.0,"matrix":[)" + identity + "]}"},
+           {"brixBox", R"("points":[[-1.0,-1.0,-1.0],[1.0,-1.0,-1.0])"},
+           {"brixDot", R"("point":[4.0,0.0,0.0]})"},
+           {"CKelPolyface", three + R"(,[4.0,4.0,0.0]],"faces":[[0,1,2],[1,3,2]]})"},
+           {"CKelPolyline", three + "]}"},
+           {"CKelPolygon", R"("points":[[0.0,0.0,0.0],[4.0,0.0,0.0],[4.0,4.0,0.0]]})"},
+           {"CKelMultipleTriangleStrip", three + R"(,[4.0,4.0,0.0]],"normals":[],"counts":[4]})"},
+           {"CKelPolyMesh", R"("rows":2,"columns":2,"points":[[0.0,0.0,0.0])"}}) {
+    const std::size_t start = dump.Out.find("{\"type\":\"" + name + '"');
+    ASSERT_NE(start, std::string::npos) << name;
+    EXPECT_THAT(dump.Out.substr(start, dump.Out.find("{\"type\"", start + 1) - start), HasSubstr(fields));
+  }
+  const Output info = RunTool("info " + path);
+  for (const std::string line :
+       {"size +60 x 400 x 60 meters", "objects +13", "  brixDisk +3", "  CKelPolygon +1", "points +27", "faces +12",
+        "groups +0"})  // 8 + 1 + 4 + 3 + 3 + 4 + 4, 6 + 2 + 1 + 2 + 1
+    EXPECT_THAT(info.Out, testing::ContainsRegex(line + "\n"));
 }
 
 TEST(Tool, ShowsTexturesAndWhatIsMissing) {
@@ -110,6 +136,7 @@ TEST(Tool, SaysWhatWentWrong) {
 TEST(Tool, KnowsItsArguments) {
   EXPECT_EQ(RunTool("").Status, 64);
   EXPECT_EQ(RunTool("info").Status, 64);
+  EXPECT_EQ(RunTool("info").Error, "qelvrml: FILE is required; --help tells more\n");
   EXPECT_EQ(RunTool("draw x.wrl").Status, 64);
   EXPECT_EQ(RunTool("--help").Status, 0);
   EXPECT_THAT(RunTool("--version").Out, StartsWith("qelvrml "));

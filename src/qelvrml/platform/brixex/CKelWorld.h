@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <utility>
 
 #include "qelvrml/foundation/VRMLExport.h"
 #include "qelvrml/platform/brixex/CKelGroup.h"

@@ -1,6 +1,7 @@
 #include "qelvrml/platform/brix/solids/brixBox.h"
 
 #include <algorithm>
+#include <array>
 
 #include "qelvrml/platform/brix/brixVector.h"
 #include "qelvrml/platform/brix/groups/brixObjectVisitor.h"

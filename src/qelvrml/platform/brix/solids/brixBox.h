@@ -1,7 +1,5 @@
 #pragma once
 
-#include <array>
-
 #include "qelvrml/foundation/VRMLExport.h"
 #include "qelvrml/platform/brix/brixArrays.h"
 #include "qelvrml/platform/brix/groups/brixBaseObject.h"
