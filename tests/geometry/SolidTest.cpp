@@ -1,9 +1,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <cmath>
-#include <numbers>
-
 #include "support/Model.h"
 
 namespace {
@@ -51,17 +48,6 @@ TEST(Solid, CylindersWithTheirDisks) {
   EXPECT_THAT(model.Diffuse(4), IsColour(1, 0, 0)) << "a cone isn't split";
   EXPECT_EQ(Load("Cylinder { radius 0 }").Result, VRMLLoadFailed);
   EXPECT_EQ(Load("Cylinder { height 0.0000001 } Cube {}").Classes(), "brixBox");
-}
-
-// Half the extent of an ellipsoid along an axis is the length of the matrix's column.
-TEST(Solid, ExtentsAreExactUnderAnyMatrix) {
-  const Model model = Load("Rotation { rotation 0 0 1 0.7853982 } Scale { scaleFactor 3 1 1 } Sphere { radius 2 }");
-  const auto half = static_cast<float>(2.0 * std::sqrt((9.0 + 1.0) / 2.0));
-  EXPECT_THAT(model.Extents(0), IsPoint(2 * half, 2 * half, 4));
-  const Model tilted = Load("Rotation { rotation 0 0 1 0.7853982 } Cylinder { radius 1 height 4 }");
-  // The ends of the axis are at 2 / sqrt 2, the rim adds 1 / sqrt 2 in x and y and 1 in z.
-  const auto side = static_cast<float>(2.0 * 3.0 / std::numbers::sqrt2);
-  EXPECT_THAT(tilted.Extents(0), IsPoint(side, side, 2));
 }
 
 }  // namespace

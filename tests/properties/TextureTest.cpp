@@ -56,10 +56,12 @@ TEST_F(TextureTest, ATextureLiesOnItsObject) {
 }
 
 TEST_F(TextureTest, SharedByNameAndByUse) {
-  const Model model = LoadShapes(Textured("DEF t ImageTexture { url \"tile.png\" repeatS FALSE }") + Textured("USE t") +
-                                 Textured("ImageTexture { url \"tile.png\" }"));
+  const Model model = LoadShapes(
+      Textured("DEF t ImageTexture { url \"tile.png\" repeatS FALSE }") + Textured("USE t") + "DEF s " +
+      Textured("ImageTexture { url \"tile.png\" }", "textureTransform TextureTransform { scale 2 2 }") + "USE s");
   EXPECT_EQ(model.World->GetTextureManager()->GetNumberTextures(), 1);
-  for (std::size_t i = 0; i < 3; ++i) EXPECT_EQ(Mapping(model, i)->GetTextureID(), 1);
+  for (std::size_t i = 0; i < 4; ++i) EXPECT_EQ(Mapping(model, i)->GetTextureID(), 1);
+  EXPECT_EQ(Mapping(model, 3)->GetScale().S, 2.0F);
   EXPECT_EQ(Mapping(model, 1)->GetTextureWrapS(), TextureWrapClamp);
   EXPECT_EQ(Mapping(model, 2)->GetTextureWrapS(), TextureWrapRepeat);
 }
@@ -128,16 +130,6 @@ TEST_F(TextureTest, PixelTextures) {
       EXPECT_EQ(Pixel(*textures.GetTextureAt(0), 0), first) << image;
     }
   }
-}
-
-TEST_F(TextureTest, ReplaysReadNoFile) {
-  const Model model = LoadShapes(
-      "DEF s " + Textured("ImageTexture { url \"tile.png\" }", "textureTransform TextureTransform { scale 2 2 }") +
-      "USE s");
-  ASSERT_EQ(model.Size(), 2U);
-  ASSERT_TRUE(Mapping(model, 1));
-  EXPECT_EQ(Mapping(model, 1)->GetScale().S, 2.0F);
-  EXPECT_EQ(model.World->GetTextureManager()->GetNumberTextures(), 1);
 }
 
 }  // namespace
