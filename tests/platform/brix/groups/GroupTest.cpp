@@ -11,7 +11,8 @@ namespace {
 
 TEST(BBox, PointsThatAreNotNumbersStayOutside) {
   brixBBox box;
-  box.Add(brixFloatPoint(std::numeric_limits<float>::quiet_NaN(), 0, 0));
+  const float nan = std::numeric_limits<float>::quiet_NaN();
+  for (const brixFloatPoint& p : {brixFloatPoint(nan, 0, 0), {0, nan, 0}, {0, 0, nan}}) box.Add(p);
   EXPECT_TRUE(box.IsEmpty());
   EXPECT_EQ(box.GetLargestDimension(), 0.0F);
   box.Add(brixFloatPoint(-1, 2, 3));
