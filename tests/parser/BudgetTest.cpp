@@ -1,4 +1,4 @@
-#include "qelvrml/parser/Budget.h"
+#include "qelvrml/parser/load/Budget.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -7,8 +7,8 @@
 
 #include "qelvrml/dictionary/CVRMLDictionaryGeometry.h"
 #include "qelvrml/dictionary/CVRMLDictionarySolids.h"
-#include "qelvrml/parser/LoadState.h"
-#include "qelvrml/parser/ParserInternals.h"
+#include "qelvrml/parser/load/LoadState.h"
+#include "qelvrml/parser/load/ParserInternals.h"
 #include "support/Model.h"
 
 namespace {
@@ -61,9 +61,13 @@ TEST(Budget, EveryNodePaysForWhatItMakes) {
       {"points", 4 * (512 + 12), 4, [](CVRMLParser& p) { p.DefinePointSet(1, 1'000'000'000); }},
       {"strips", 512 + 5 * 12 + 4, 1, [](CVRMLParser& p) { p.DefineTriangleStripSet(Indices({5})); }},
       {"faces", 4 * 4 + 512 + 3 * 12, 1,
-       [](CVRMLParser& p) { p.DefineIndexedSet(true, Indices({3, 0, 1, 2}), {}, {}); }},
+       [](CVRMLParser& p) {
+         p.DefineIndexedSet(true, Indices({3, 0, 1, 2}), {}, {});
+       }},
       {"lines", 5 * 4 + 2 * 512 + 3 * 12, 2,
-       [](CVRMLParser& p) { p.DefineIndexedSet(false, Indices({2, 0, 1, 1, 2}), {}, {}); }},
+       [](CVRMLParser& p) {
+         p.DefineIndexedSet(false, Indices({2, 0, 1, 1, 2}), {}, {});
+       }},
       {"mesh", 512 + 6 * 12, 1, [](CVRMLParser& p) { p.DefineElevationGrid(true, Heights(6), 2, 1, 3, 1); }},
       {"grid lines", 5 * 512 + 12 * 12, 5,
        [](CVRMLParser& p) { p.DefineElevationGrid(false, Heights(6), 2, 1, 3, 1); }},

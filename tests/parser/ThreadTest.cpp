@@ -36,7 +36,7 @@ std::string Describe(const std::string& path) {
   text << model.Result << ' ' << model.Units();
   if (model.World->GetTextureManager()->GetTexture(QELVRML_TEST_SCENES "/tile.png")) text << " with its image";
   for (std::size_t i = 0; i < model.Size(); ++i) {
-    text << '\n' << ClassOf(model.Object(i)) << ' ' << model.Name(i) << ' ' << model.Triangles(i) << ' ';
+    text << '\n' << model.Object(i).GetClassName() << ' ' << model.Name(i) << ' ' << model.Triangles(i) << ' ';
     PrintTo(model.Diffuse(i), &text);
     PrintTo(model.Extents(i), &text);
     for (const brixFloatPoint& point : model.Points(i)) PrintTo(point, &text);

@@ -10,7 +10,7 @@
 namespace {
 
 std::string Take(char* text, int length) {
-  const qelvrml::AllocatedText owned(text);
+  const CBasicAllocatedText owned(text);
   return text ? std::string(text, static_cast<std::size_t>(length)) : "";
 }
 

@@ -3,8 +3,8 @@
 #include <string_view>
 
 #include "qelvrml/dictionary/CVRMLDictionaryEntry.h"
+#include "qelvrml/foundation/CBasicAllocatedText.h"
 #include "qelvrml/foundation/VRMLExport.h"
-#include "qelvrml/prototypes/CVRMLPrototypeField.h"
 
 /// An instance of a prototype: the prototype's name and the instance's own captured text. A replay expands it anew.
 class QELVRML_EXPORT CVRMLDictionaryProtoUse : public CVRMLDictionaryEntry {
@@ -23,6 +23,6 @@ public:
 
 private:
   CBasicString PrototypeName;
-  qelvrml::AllocatedText FieldText;
+  CBasicAllocatedText FieldText;
   int FieldTextLength;
 };

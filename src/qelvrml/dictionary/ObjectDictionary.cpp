@@ -7,8 +7,8 @@
 #include "qelvrml/dictionary/CVRMLDictionarySeparator.h"
 #include "qelvrml/dictionary/CVRMLDictionaryUse.h"
 #include "qelvrml/dictionary/Recording.h"
-#include "qelvrml/parser/LoadState.h"
-#include "qelvrml/parser/ParserInternals.h"
+#include "qelvrml/parser/load/LoadState.h"
+#include "qelvrml/parser/load/ParserInternals.h"
 #include "qelvrml/platform/brixex/NameIndexedList.h"
 
 namespace {

@@ -11,8 +11,8 @@
 #include "qelvrml/dictionary/CVRMLDictionaryTransforms.h"
 #include "qelvrml/dictionary/CVRMLDictionaryUse.h"
 #include "qelvrml/foundation/ScopedValue.h"
-#include "qelvrml/parser/LoadState.h"
-#include "qelvrml/parser/ParserInternals.h"
+#include "qelvrml/parser/load/LoadState.h"
+#include "qelvrml/parser/load/ParserInternals.h"
 
 namespace {
 

@@ -11,7 +11,7 @@
 
 #include "qelvrml/foundation/TextConversion.h"
 #include "qelvrml/parser/CVRMLParser.h"
-#include "qelvrml/parser/LoadState.h"
+#include "qelvrml/parser/load/LoadState.h"
 #include "qelvrml/platform/brixex/packing/CKelCompress.h"
 #include "qelvrml/platform/brixex/packing/CZLibDecompressor.h"
 #include "qelvrml/platform/system/TemporaryFile.h"

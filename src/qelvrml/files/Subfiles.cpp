@@ -5,9 +5,9 @@
 #include <algorithm>
 
 #include "qelvrml/files/MissingFiles.h"
-#include "qelvrml/parser/InputFrame.h"
-#include "qelvrml/parser/LoadState.h"
-#include "qelvrml/parser/ParserInternals.h"
+#include "qelvrml/parser/load/LoadState.h"
+#include "qelvrml/parser/load/ParserInternals.h"
+#include "qelvrml/parser/reading/InputFrame.h"
 #include "qelvrml/platform/system/PathParts.h"
 
 namespace qelvrml {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "qelvrml/parser/NodeReader.h"
+#include "qelvrml/parser/reading/NodeReader.h"
 
 namespace qelvrml {
 

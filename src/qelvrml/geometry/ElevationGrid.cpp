@@ -12,9 +12,9 @@
 #include "qelvrml/dictionary/Recording.h"
 #include "qelvrml/foundation/CutToInt.h"
 #include "qelvrml/foundation/NearZero.h"
-#include "qelvrml/parser/Budget.h"
 #include "qelvrml/parser/Limits.h"
-#include "qelvrml/parser/NodeReader.h"
+#include "qelvrml/parser/load/Budget.h"
+#include "qelvrml/parser/reading/NodeReader.h"
 #include "qelvrml/platform/brixex/shapes/CKelPolyMesh.h"
 #include "qelvrml/platform/brixex/shapes/CKelPolyline.h"
 

@@ -10,9 +10,9 @@
 
 #include "qelvrml/dictionary/CVRMLDictionaryGeometry.h"
 #include "qelvrml/dictionary/Recording.h"
-#include "qelvrml/parser/Budget.h"
 #include "qelvrml/parser/Limits.h"
-#include "qelvrml/parser/NodeReader.h"
+#include "qelvrml/parser/load/Budget.h"
+#include "qelvrml/parser/reading/NodeReader.h"
 #include "qelvrml/platform/brixex/brixMatrixFunctions.h"
 #include "qelvrml/platform/brixex/shapes/CKelPolyMesh.h"
 #include "qelvrml/platform/brixex/shapes/PointRange.h"

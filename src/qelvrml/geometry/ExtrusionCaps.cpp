@@ -16,8 +16,8 @@
 
 #include "qelvrml/geometry/CVRMLLoopIndexPair.h"
 #include "qelvrml/geometry/TexturesInUse.h"
-#include "qelvrml/parser/Budget.h"
 #include "qelvrml/parser/CVRMLParser.h"
+#include "qelvrml/parser/load/Budget.h"
 #include "qelvrml/platform/brix/polygons/brixComplexPolygon.h"
 #include "qelvrml/platform/brixex/CKelCpGenerator.h"
 #include "qelvrml/platform/brixex/brixMatrixFunctions.h"

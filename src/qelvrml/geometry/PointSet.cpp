@@ -8,8 +8,8 @@
 #include "qelvrml/dictionary/CVRMLDictionaryGeometry.h"
 #include "qelvrml/dictionary/Recording.h"
 #include "qelvrml/foundation/CutToInt.h"
-#include "qelvrml/parser/Budget.h"
-#include "qelvrml/parser/NodeReader.h"
+#include "qelvrml/parser/load/Budget.h"
+#include "qelvrml/parser/reading/NodeReader.h"
 #include "qelvrml/platform/brix/solids/brixDot.h"
 
 bool CVRMLParser::ParsePointSet() {

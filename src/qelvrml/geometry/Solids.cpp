@@ -5,8 +5,8 @@
 
 #include "qelvrml/dictionary/CVRMLDictionarySolids.h"
 #include "qelvrml/dictionary/Recording.h"
-#include "qelvrml/parser/Budget.h"
-#include "qelvrml/parser/NodeReader.h"
+#include "qelvrml/parser/load/Budget.h"
+#include "qelvrml/parser/reading/NodeReader.h"
 #include "qelvrml/platform/brix/solids/brixBox.h"
 #include "qelvrml/platform/brix/solids/brixSphere.h"
 

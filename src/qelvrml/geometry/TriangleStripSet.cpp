@@ -6,8 +6,8 @@
 
 #include "qelvrml/dictionary/CVRMLDictionaryGeometry.h"
 #include "qelvrml/dictionary/Recording.h"
-#include "qelvrml/parser/Budget.h"
-#include "qelvrml/parser/NodeReader.h"
+#include "qelvrml/parser/load/Budget.h"
+#include "qelvrml/parser/reading/NodeReader.h"
 #include "qelvrml/platform/brixex/shapes/CKelMultipleTriangleStrip.h"
 #include "qelvrml/scene/Scopes.h"
 

@@ -7,7 +7,7 @@
 #include "qelvrml/foundation/CBasicListIterator.h"
 #include "qelvrml/foundation/CutToInt.h"
 #include "qelvrml/foundation/ScopedValue.h"
-#include "qelvrml/parser/LoadState.h"
+#include "qelvrml/parser/load/LoadState.h"
 #include "qelvrml/platform/brixex/NameIndexedList.h"
 #include "qelvrml/platform/brixex/brixMatrixFunctions.h"
 #include "qelvrml/prototypes/CVRMLPrototype.h"

@@ -4,10 +4,10 @@
 
 #include "qelvrml/dictionary/Recording.h"
 #include "qelvrml/foundation/ScopedValue.h"
-#include "qelvrml/parser/LoadState.h"
-#include "qelvrml/parser/NodeReader.h"
-#include "qelvrml/parser/ParserInternals.h"
-#include "qelvrml/parser/PassingOver.h"
+#include "qelvrml/parser/load/LoadState.h"
+#include "qelvrml/parser/load/ParserInternals.h"
+#include "qelvrml/parser/reading/NodeReader.h"
+#include "qelvrml/parser/reading/PassingOver.h"
 #include "qelvrml/scene/Scopes.h"
 
 namespace {

@@ -2,8 +2,8 @@
 
 #include "qelvrml/dictionary/CVRMLDictionaryProperties.h"
 #include "qelvrml/dictionary/Recording.h"
-#include "qelvrml/parser/NodeReader.h"
-#include "qelvrml/parser/PassingOver.h"
+#include "qelvrml/parser/reading/NodeReader.h"
+#include "qelvrml/parser/reading/PassingOver.h"
 
 using qelvrml::NodeReader;
 using qelvrml::Record;

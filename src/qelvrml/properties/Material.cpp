@@ -3,7 +3,7 @@
 #include "qelvrml/dictionary/CVRMLDictionaryProperties.h"
 #include "qelvrml/dictionary/Recording.h"
 #include "qelvrml/foundation/NearZero.h"
-#include "qelvrml/parser/NodeReader.h"
+#include "qelvrml/parser/reading/NodeReader.h"
 
 using qelvrml::NodeReader;
 using qelvrml::Record;

@@ -2,7 +2,7 @@
 
 #include "qelvrml/dictionary/CVRMLDictionaryTransforms.h"
 #include "qelvrml/dictionary/Recording.h"
-#include "qelvrml/parser/NodeReader.h"
+#include "qelvrml/parser/reading/NodeReader.h"
 #include "qelvrml/platform/brixex/brixMatrixFunctions.h"
 
 using qelvrml::NodeReader;

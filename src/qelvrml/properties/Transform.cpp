@@ -5,7 +5,7 @@
 
 #include "qelvrml/dictionary/CVRMLDictionaryTransforms.h"
 #include "qelvrml/dictionary/Recording.h"
-#include "qelvrml/parser/NodeReader.h"
+#include "qelvrml/parser/reading/NodeReader.h"
 #include "qelvrml/platform/brixex/brixMatrixFunctions.h"
 #include "qelvrml/scene/Scopes.h"
 

@@ -104,7 +104,7 @@ bool CVRMLPrototype::CreateInstanceText(const char* text, int length, char** res
   qelvrml::InstanceMerge merge(*this, text, length);
   const std::uint64_t merged = merge.GetLength();
   if (merged > static_cast<std::uint64_t>(std::numeric_limits<int>::max())) return false;
-  qelvrml::AllocatedText buffer(static_cast<char*>(std::malloc(std::max<std::size_t>(merged, 1))));
+  CBasicAllocatedText buffer(static_cast<char*>(std::malloc(std::max<std::size_t>(merged, 1))));
   if (!buffer) return false;
   merge.Write(buffer.get());
   *result = buffer.release();
@@ -128,7 +128,7 @@ bool CVRMLPrototype::ParseInstanceFields(const char* text, int length, CKelList&
     char* value = nullptr;
     int valueLength = 0;
     tokens.CaptureFieldText(&value, &valueLength, field->second->GetType(), this);
-    qelvrml::AllocatedText owned(value);
+    CBasicAllocatedText owned(value);
     std::unique_ptr<CVRMLPrototypeField> given(CreateField(name, field->second->GetType(), value, valueLength));
     if (!given) continue;
     owned.release();

@@ -72,6 +72,6 @@ private:
   std::uint32_t NameHash = 0;
   CKelList Fields;
   int BodyLength = 0;
-  qelvrml::AllocatedText BodyText;
+  CBasicAllocatedText BodyText;
   std::unique_ptr<qelvrml::BodyTemplate> Template;
 };

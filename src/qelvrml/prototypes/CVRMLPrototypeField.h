@@ -1,22 +1,11 @@
 #pragma once
 
-#include <cstdlib>
-#include <memory>
 #include <string_view>
 
+#include "qelvrml/foundation/CBasicAllocatedText.h"
 #include "qelvrml/foundation/CBasicString.h"
 #include "qelvrml/foundation/VRMLExport.h"
 #include "qelvrml/parser/VRMLFieldTypes.h"
-
-namespace qelvrml {
-
-struct FreeDeleter {
-  void operator()(char* text) const { std::free(text); }
-};
-/// A text from the system's allocator, without a terminator.
-using AllocatedText = std::unique_ptr<char, FreeDeleter>;
-
-}  // namespace qelvrml
 
 /// A field of a prototype's interface with its default, or a value that an instance gives. The value is captured token
 /// text.
@@ -57,7 +46,7 @@ private:
   CBasicString Name;
   VRMLFieldTypes Type = VRMLFieldUnknown;
   int ValueLength = 0;
-  qelvrml::AllocatedText ValueText;
+  CBasicAllocatedText ValueText;
   bool Used = false;
 };
 

@@ -58,9 +58,9 @@ int CapturedLength(int sum, int count) {
   return length <= std::numeric_limits<int>::max() ? static_cast<int>(length) : -1;
 }
 
-qelvrml::AllocatedText AllocateBlanks(int length) {
-  qelvrml::AllocatedText text(length < 0 ? nullptr
-                                         : static_cast<char*>(std::malloc(static_cast<std::size_t>(length) + 1)));
+CBasicAllocatedText AllocateBlanks(int length) {
+  CBasicAllocatedText text(length < 0 ? nullptr
+                                      : static_cast<char*>(std::malloc(static_cast<std::size_t>(length) + 1)));
   if (text) std::memset(text.get(), ' ', static_cast<std::size_t>(length));
   return text;
 }
@@ -168,7 +168,7 @@ bool CVRMLIOManager::CaptureFieldText(char** text, int* length, VRMLFieldTypes t
   int total = 0;
   if (!CaptureFieldValue(nullptr, &sum, &total, 0, type, prototype)) return false;
   const int captured = CapturedLength(sum, total);
-  qelvrml::AllocatedText buffer = AllocateBlanks(captured);
+  CBasicAllocatedText buffer = AllocateBlanks(captured);
   if (!buffer) return false;
   RestoreIOState(start);
   *text = buffer.release();
@@ -209,7 +209,7 @@ bool CVRMLIOManager::CaptureBlockText(char** text, int* length, bool fieldDefaul
   int total = square ? 2 : 0;
   MeasureBlock(fieldDefault, sum, total);
   const int captured = CapturedLength(sum, total);
-  qelvrml::AllocatedText buffer = sum > 0 ? AllocateBlanks(captured) : nullptr;
+  CBasicAllocatedText buffer = sum > 0 ? AllocateBlanks(captured) : nullptr;
   if (!buffer) return false;
   RestoreIOState(start);
   if (leavesBrace) CGenericParser::Tokenize();

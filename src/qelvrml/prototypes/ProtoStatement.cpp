@@ -7,7 +7,7 @@
 #include <new>
 
 #include "qelvrml/files/Subfiles.h"
-#include "qelvrml/parser/NodeReader.h"
+#include "qelvrml/parser/reading/NodeReader.h"
 #include "qelvrml/prototypes/CVRMLPrototype.h"
 
 using qelvrml::NodeReader;
@@ -24,7 +24,7 @@ void ParseInterfaceField(CVRMLParser& parser, CVRMLPrototype& prototype) {
   char* text = nullptr;
   int length = 0;
   if (!tokens.GetCurrentTokenEndsField()) tokens.CaptureBlockText(&text, &length, true);
-  qelvrml::AllocatedText owned(text);
+  CBasicAllocatedText owned(text);
   if (prototype.AddField(name, type, text, length)) owned.release();
 }
 

@@ -9,9 +9,9 @@
 #include "qelvrml/dictionary/CVRMLDictionaryProtoUse.h"
 #include "qelvrml/dictionary/Recording.h"
 #include "qelvrml/foundation/ScopedValue.h"
-#include "qelvrml/parser/InputFrame.h"
-#include "qelvrml/parser/LoadState.h"
-#include "qelvrml/parser/ParserInternals.h"
+#include "qelvrml/parser/load/LoadState.h"
+#include "qelvrml/parser/load/ParserInternals.h"
+#include "qelvrml/parser/reading/InputFrame.h"
 #include "qelvrml/prototypes/CVRMLPrototype.h"
 #include "qelvrml/prototypes/InstanceMerge.h"
 #include "qelvrml/prototypes/PrototypeNames.h"
@@ -70,7 +70,7 @@ bool CVRMLParser::ParseProtoUse() {
   char* text = nullptr;
   int length = 0;
   IOManager.CaptureBlockText(&text, &length, false);
-  const qelvrml::AllocatedText owned(text);
+  const CBasicAllocatedText owned(text);
   return DefineProtoUse(prototype->GetName(), text, length);
 }
 

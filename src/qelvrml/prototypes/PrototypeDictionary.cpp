@@ -1,7 +1,7 @@
 // The dictionary of prototypes, and the marking of words that name one.
 
 #include "qelvrml/foundation/TextConversion.h"
-#include "qelvrml/parser/ParserInternals.h"
+#include "qelvrml/parser/load/ParserInternals.h"
 #include "qelvrml/platform/brixex/NameIndexedList.h"
 #include "qelvrml/prototypes/CVRMLPrototype.h"
 #include "qelvrml/prototypes/PrototypeNames.h"

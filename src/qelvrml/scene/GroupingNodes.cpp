@@ -1,8 +1,8 @@
 // Nodes of VRML 2.0 that hold other nodes, and the level of detail of both versions. Each opens a scope, reads its
 // children by ParseBlock, one call for each, and closes the scope.
 
-#include "qelvrml/parser/NodeReader.h"
-#include "qelvrml/parser/PassingOver.h"
+#include "qelvrml/parser/reading/NodeReader.h"
+#include "qelvrml/parser/reading/PassingOver.h"
 #include "qelvrml/scene/Scopes.h"
 
 using qelvrml::NodeReader;

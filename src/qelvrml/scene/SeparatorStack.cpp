@@ -4,9 +4,9 @@
 #include <new>
 
 #include "qelvrml/dictionary/CVRMLDictionarySeparator.h"
-#include "qelvrml/parser/LoadState.h"
-#include "qelvrml/parser/NodeReader.h"
-#include "qelvrml/parser/ParserInternals.h"
+#include "qelvrml/parser/load/LoadState.h"
+#include "qelvrml/parser/load/ParserInternals.h"
+#include "qelvrml/parser/reading/NodeReader.h"
 #include "qelvrml/scene/Scopes.h"
 
 namespace qelvrml {

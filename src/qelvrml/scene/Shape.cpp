@@ -1,7 +1,7 @@
 // The Shape node. Its text is read twice, so that the appearance is in the scope before the geometry is read, whatever
 // the order of the two in the file.
 
-#include "qelvrml/parser/NodeReader.h"
+#include "qelvrml/parser/reading/NodeReader.h"
 #include "qelvrml/scene/Scopes.h"
 
 using qelvrml::NodeReader;

@@ -5,8 +5,8 @@
 //   Switch { ... }                            a separator with all its children
 
 #include "qelvrml/foundation/CutToInt.h"
-#include "qelvrml/parser/NodeReader.h"
-#include "qelvrml/parser/PassingOver.h"
+#include "qelvrml/parser/reading/NodeReader.h"
+#include "qelvrml/parser/reading/PassingOver.h"
 #include "qelvrml/scene/Scopes.h"
 
 using qelvrml::NodeReader;

@@ -5,7 +5,7 @@
 #include <unordered_set>
 #include <vector>
 
-#include "qelvrml/parser/Budget.h"
+#include "qelvrml/parser/load/Budget.h"
 #include "qelvrml/platform/fileint/CKelFileInterface.h"
 #include "qelvrml/platform/system/TemporaryFile.h"
 

@@ -1,6 +1,6 @@
-#include "qelvrml/parser/LoadState.h"
+#include "qelvrml/parser/load/LoadState.h"
 
-#include "qelvrml/parser/ParserInternals.h"
+#include "qelvrml/parser/load/ParserInternals.h"
 
 namespace qelvrml {
 

@@ -5,7 +5,7 @@
 
 #include "qelvrml/foundation/CBasicListIterator.h"
 #include "qelvrml/foundation/CutToInt.h"
-#include "qelvrml/parser/NodeReader.h"
+#include "qelvrml/parser/reading/NodeReader.h"
 
 using qelvrml::NodeReader;
 

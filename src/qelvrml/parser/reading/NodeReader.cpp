@@ -1,4 +1,4 @@
-#include "qelvrml/parser/NodeReader.h"
+#include "qelvrml/parser/reading/NodeReader.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
-#include "qelvrml/parser/Budget.h"
+#include "qelvrml/parser/load/Budget.h"
 
-#include "qelvrml/parser/LoadState.h"
-#include "qelvrml/parser/ParserInternals.h"
+#include "qelvrml/parser/load/LoadState.h"
+#include "qelvrml/parser/load/ParserInternals.h"
 
 namespace qelvrml {
 
