@@ -10,8 +10,7 @@
 
 #include "qelvrml/dictionary/CVRMLDictionaryGeometry.h"
 #include "qelvrml/dictionary/Recording.h"
-#include "qelvrml/foundation/CutToInt.h"
-#include "qelvrml/foundation/NearZero.h"
+#include "qelvrml/foundation/Numbers.h"
 #include "qelvrml/parser/Limits.h"
 #include "qelvrml/parser/load/Budget.h"
 #include "qelvrml/parser/reading/NodeReader.h"

@@ -7,7 +7,7 @@
 
 #include "qelvrml/dictionary/CVRMLDictionaryGeometry.h"
 #include "qelvrml/dictionary/Recording.h"
-#include "qelvrml/foundation/CutToInt.h"
+#include "qelvrml/foundation/Numbers.h"
 #include "qelvrml/parser/load/Budget.h"
 #include "qelvrml/parser/reading/NodeReader.h"
 #include "qelvrml/platform/brix/solids/brixDot.h"

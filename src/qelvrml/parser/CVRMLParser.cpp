@@ -5,7 +5,7 @@
 
 #include "qelvrml/dictionary/CVRMLDictionaryEntry.h"
 #include "qelvrml/foundation/CBasicListIterator.h"
-#include "qelvrml/foundation/CutToInt.h"
+#include "qelvrml/foundation/Numbers.h"
 #include "qelvrml/foundation/ScopedValue.h"
 #include "qelvrml/parser/load/LoadState.h"
 #include "qelvrml/platform/brixex/NameIndexedList.h"

@@ -2,7 +2,7 @@
 
 #include "qelvrml/dictionary/CVRMLDictionaryProperties.h"
 #include "qelvrml/dictionary/Recording.h"
-#include "qelvrml/foundation/NearZero.h"
+#include "qelvrml/foundation/Numbers.h"
 #include "qelvrml/parser/reading/NodeReader.h"
 
 using qelvrml::NodeReader;

@@ -8,7 +8,7 @@
 #include "qelvrml/dictionary/CVRMLDictionaryTextures.h"
 #include "qelvrml/dictionary/Recording.h"
 #include "qelvrml/files/MissingFiles.h"
-#include "qelvrml/foundation/CutToInt.h"
+#include "qelvrml/foundation/Numbers.h"
 #include "qelvrml/parser/load/Budget.h"
 #include "qelvrml/parser/load/LoadState.h"
 #include "qelvrml/parser/load/ParserInternals.h"

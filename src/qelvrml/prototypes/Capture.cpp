@@ -10,7 +10,7 @@
 #include <cstring>
 #include <limits>
 
-#include "qelvrml/foundation/CutToInt.h"
+#include "qelvrml/foundation/Numbers.h"
 #include "qelvrml/parser/CVRMLIOManager.h"
 #include "qelvrml/platform/genparse/Characters.h"
 #include "qelvrml/prototypes/CVRMLPrototypeField.h"

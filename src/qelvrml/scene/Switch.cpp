@@ -4,7 +4,7 @@
 //   Switch { whichChoice N choice NODE }      that node, whatever N is
 //   Switch { ... }                            a separator with all its children
 
-#include "qelvrml/foundation/CutToInt.h"
+#include "qelvrml/foundation/Numbers.h"
 #include "qelvrml/parser/reading/NodeReader.h"
 #include "qelvrml/parser/reading/PassingOver.h"
 #include "qelvrml/scene/Scopes.h"

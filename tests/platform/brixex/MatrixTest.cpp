@@ -22,6 +22,9 @@ TEST(Matrix, ShortestRotations) {
   const brixVector z(0, 0, 1);
   const brixMatrix4x4 half = CreateRotationMatrixForVectors({0, 1, 0}, {0, -1, 0}, &z);
   EXPECT_THAT(brixFloatPoint(1, 0, 0) * half, IsPoint(-1, 0, 0));
+  const brixVector x(1, 0, 0);
+  const brixMatrix4x4 nearly = CreateRotationMatrixForVectors({0, 1, 0}, {5e-8F, -1, 0}, &x);
+  EXPECT_THAT(brixFloatPoint(1, 0, 0) * nearly, IsPoint(-1, 0, 0)) << "not opposite: they have an axis of their own";
   EXPECT_TRUE(IsIdentityMatrix(CreateRotationMatrixForVectors({0, 0, 0}, {0, 1, 0}, nullptr)));
   EXPECT_TRUE(IsIdentityMatrix(CreateRotationMatrixForNormalAngle({0, 0, 0}, 1.0)));
   EXPECT_THAT(brixFloatPoint(1, 0, 0) * CreateRotationMatrixForNormalAngle({0, 0, 5}, std::numbers::pi / 2),

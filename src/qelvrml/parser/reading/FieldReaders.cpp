@@ -4,7 +4,7 @@
 #include <algorithm>
 
 #include "qelvrml/foundation/CBasicListIterator.h"
-#include "qelvrml/foundation/CutToInt.h"
+#include "qelvrml/foundation/Numbers.h"
 #include "qelvrml/parser/reading/NodeReader.h"
 
 using qelvrml::NodeReader;

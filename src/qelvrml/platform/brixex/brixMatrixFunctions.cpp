@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr double OppositeSine = 1.0e-7;  // below this sine two directions give no axis of their own
+constexpr double OppositeSine = 1.0e-12;  // what rounding leaves of the sine between opposite directions
 
 using Triple = std::array<double, 3>;
 using Square = std::array<std::array<double, 4>, 4>;
