@@ -1,46 +1,19 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sys/stat.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <cstdio>
-#include <fstream>
-#include <sstream>
 
 #include "support/Model.h"
+#include "support/Tool.h"
 
 namespace {
 
 using testing::HasSubstr;
 using testing::StartsWith;
 
-struct Output {
-  int Status;
-  std::string Out;
-  std::string Error;
-};
-
-std::string Read(const std::string& path) {
-  std::ostringstream text;
-  text << std::ifstream(path).rdbuf();
-  return text.str();
-}
-
-Output RunTool(const std::string& arguments) {
-  const TemporaryFolder folder;
-  const std::string out = (folder.Path() / "out").string();
-  const std::string error = (folder.Path() / "error").string();
-  const std::string command = std::string(QELVRML_TOOL_PATH) + " " + arguments + " >" + out + " 2>" + error;
-  const int status = std::system(command.c_str());
-  return {WEXITSTATUS(status), Read(out), Read(error)};
-}
-
 TEST(Tool, DumpsTheModelAsJson) {
   const TemporaryFolder folder;
   const std::string path =
       folder.Write("cube.wrl", "#VRML V1.0 ascii\nDEF g Separator { DEF c\xE4 Cube { width 50.1 } }");
-  const Output output = RunTool("dump " + path);
+  const ToolOutput output = RunTool("dump " + path);
   EXPECT_EQ(output.Status, 0);
   EXPECT_THAT(
       output.Out,
@@ -61,7 +34,7 @@ TEST(Tool, ObjectsOfEveryClass) {
     IndexedFaceSet { coordIndex [ 0 1 2 -1 1 3 2 -1 ] } IndexedLineSet { coordIndex [ 0 1 2 -1 ] }
     MaterialBinding { value PER_FACE } IndexedFaceSet { coordIndex [ 0 1 3 -1 ] } TriangleStripSet { numVertices [ 4 ] }
     ElevationGrid { xDimension 2 zDimension 2 xSpacing 1 zSpacing 1 height [ 0 0 0 0 ] })");
-  const Output dump = RunTool("dump " + path);
+  const ToolOutput dump = RunTool("dump " + path);
   const std::string identity = "1.0,0.0,0.0,0.0,0.0,1.0,0.0,0.0,0.0,0.0,1.0,0.0,0.0,0.0,0.0,1.0";
   const std::string three = R"("points":[[0.0,0.0,0.0],[4.0,0.0,0.0],[0.0,4.0,0.0])";
   for (const std::string& fields :
@@ -74,7 +47,7 @@ TEST(Tool, ObjectsOfEveryClass) {
         three + R"(,[4.0,4.0,0.0]],"normals":[],"counts":[4]})",
         std::string(R"("rows":2,"columns":2,"points":[[0.0,0.0,0.0])")})
     EXPECT_THAT(dump.Out, HasSubstr(fields));
-  const Output info = RunTool("info " + path);
+  const ToolOutput info = RunTool("info " + path);
   for (const std::string line :
        {"size +60 x 400 x 60 meters", "objects +13", "  brixDisk +3", "  CKelPolygon +1", "points +27", "faces +12",
         "groups +0"})  // 8 + 1 + 4 + 3 + 3 + 4 + 4, 6 + 2 + 1 + 2 + 1
@@ -89,10 +62,10 @@ TEST(Tool, ShowsTexturesAndWhatIsMissing) {
       geometry IndexedFaceSet { coord Coordinate { point [ 0 0 0, 1 0 0, 0 1 0 ] } coordIndex [ 0 1 2 ]
         texCoord TextureCoordinate { point [ 0 0, 1 0, 0 1 ] } } }
     Shape { appearance Appearance { texture ImageTexture { url "images/none.png" } } geometry Box {} } Inline { url "part.wrl" })");
-  const Output dump = RunTool("dump " + path);
+  const ToolOutput dump = RunTool("dump " + path);
   EXPECT_THAT(dump.Out, HasSubstr(R"("textures":[{"id":1,"name":"tile.png","width":3,"height":2}])"));
   EXPECT_THAT(dump.Out, HasSubstr(R"("texture":{"id":1,"wrapS":1,"wrapT":1,"rotation":85.94)"));
-  const Output info = RunTool("info " + path);
+  const ToolOutput info = RunTool("info " + path);
   EXPECT_THAT(info.Out, HasSubstr("3 x 2 pixels"));
   for (const std::string missing : {"/images/none.png", "/none.png", "/part.wrl"}) {
     EXPECT_THAT(info.Out, testing::ContainsRegex("not found +" + (folder.Path().string() + missing) + "\n"));
@@ -118,7 +91,7 @@ TEST(Tool, SaysWhatWentWrong) {
       {folder.Write("packed.gz", "\x1F\x8Brubbish"), 3, "can't be unpacked"}};
   if (geteuid() != 0) cases.push_back({secret, 2, "no permission"});
   for (const auto& [path, status, words] : cases) {
-    const Output output = RunTool("dump " + path);
+    const ToolOutput output = RunTool("dump " + path);
     EXPECT_EQ(output.Status, status) << path;
     EXPECT_THAT(output.Error, HasSubstr(words));
     EXPECT_EQ(std::count(output.Error.begin(), output.Error.end(), '\n'), 1) << output.Error;

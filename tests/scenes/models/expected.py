@@ -125,10 +125,12 @@ def group(name, *items):
 
 def save(scene, *items, units="meters", result="VRMLLoadOK", warning=0, textures=()):
     folder = os.path.dirname(os.path.abspath(__file__))
+    text = json.dumps({"result": result, "units": units, "warning": warning, "world": group("", *items),
+                       "textures": list(textures)})
     with open(os.path.join(folder, scene + ".json"), "w", encoding="utf8") as f:
-        json.dump({"result": result, "units": units, "warning": warning, "world": group("", *items),
-                   "textures": list(textures)}, f, indent=1)
-        f.write("\n")
+        for head in ('{"name"', '{"type"'):  # a line for each group and object
+            text = text.replace(head, "\n" + head)
+        f.write(text + "\n")
 
 
 def cad_v1():

@@ -17,7 +17,7 @@ void* NameIndexedList::FindKey(std::uint32_t key) {
 
 void NameIndexedList::ForgetKey(void* data) {
   const CBasicListElement* element = FindElement(data);
-  const std::optional<std::uint32_t> key = KeyOf ? KeyOf(data) : std::nullopt;
+  const std::optional<std::uint32_t> key = KeyOf(data);
   if (element && key) Leave(ByKey, *key, element);
 }
 
@@ -79,7 +79,7 @@ bool NameIndexedList::RemoveAll() {
 
 void NameIndexedList::ForgetElement(const CBasicListElement* element) {
   if (OutOfDate) return;
-  if (const std::optional<std::uint32_t> key = KeyOf ? KeyOf(element->Data) : std::nullopt) Leave(ByKey, *key, element);
+  if (const std::optional<std::uint32_t> key = KeyOf(element->Data)) Leave(ByKey, *key, element);
   Leave(ByData, element->Data, element);
 }
 
@@ -109,7 +109,7 @@ void NameIndexedList::Enter(CBasicListElement* element) {
     if (place.Count++ == 0) place.First = element;
   };
   if (IndexesWords) enter(ByData[element->Data]);
-  if (const std::optional<std::uint32_t> key = KeyOf ? KeyOf(element->Data) : std::nullopt) enter(ByKey[*key]);
+  if (const std::optional<std::uint32_t> key = KeyOf(element->Data)) enter(ByKey[*key]);
 }
 
 }  // namespace qelvrml

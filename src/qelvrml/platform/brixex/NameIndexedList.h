@@ -4,7 +4,6 @@
 #include <optional>
 #include <unordered_map>
 
-#include "qelvrml/foundation/VRMLExport.h"
 #include "qelvrml/platform/brixex/CKelList.h"
 
 namespace qelvrml {
@@ -12,12 +11,11 @@ namespace qelvrml {
 /// A list of bare pointers with two indexes beside it: words are found by a key and elements by their word, both
 /// without a walk. Whoever changes the list through the operations of CBasicList keeps the indexes right. A copy is
 /// empty.
-class QELVRML_EXPORT NameIndexedList : public CKelList {
+class NameIndexedList : public CKelList {
 public:
   /// Gives the key of a word; nothing for a word that no search finds.
   using KeyFunction = std::optional<std::uint32_t> (*)(void* data);
 
-  /// `keyOf` may be null: then nothing is found by a key.
   explicit NameIndexedList(KeyFunction keyOf) : KeyOf(keyOf) {}
   NameIndexedList(const NameIndexedList& other) : CKelList(), KeyOf(other.KeyOf) {}
   NameIndexedList& operator=(const NameIndexedList& other);
