@@ -2,8 +2,8 @@
 
 #include "qelvrml/dictionary/CVRMLDictionaryEntry.h"
 #include "qelvrml/foundation/VRMLExport.h"
+#include "qelvrml/parser/VRMLBindingTypes.h"
 #include "qelvrml/platform/brix/brixArrays.h"
-#include "qelvrml/scene/VRMLBindingTypes.h"
 
 // Entries of the materials, coordinates, normals and bindings.
 

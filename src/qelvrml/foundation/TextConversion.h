@@ -5,7 +5,6 @@
 #include <string>
 #include <string_view>
 
-
 namespace qelvrml {
 
 /// UTF-16 form of `narrow`, which is read as UTF-8. A byte that isn't part of valid UTF-8 becomes the code unit

@@ -6,6 +6,7 @@
 #include "qelvrml/foundation/CBasicString.h"
 #include "qelvrml/foundation/VRMLExport.h"
 #include "qelvrml/parser/CVRMLIOManager.h"
+#include "qelvrml/parser/VRMLBindingTypes.h"
 #include "qelvrml/parser/VRMLTokenTypes.h"
 #include "qelvrml/parser/VRMLTypes.h"
 #include "qelvrml/platform/brix/brixArrays.h"
@@ -16,7 +17,6 @@
 #include "qelvrml/platform/brixex/CKelWorld.h"
 #include "qelvrml/platform/genparse/CGenericIOState.h"
 #include "qelvrml/scene/CVRMLSeparator.h"
-#include "qelvrml/scene/VRMLBindingTypes.h"
 
 namespace qelvrml {
 class NameIndexedList;

@@ -1,12 +1,12 @@
 #pragma once
 
 #include "qelvrml/foundation/VRMLExport.h"
+#include "qelvrml/parser/VRMLBindingTypes.h"
 #include "qelvrml/platform/brix/brixArrays.h"
 #include "qelvrml/platform/brix/brixMaterial.h"
 #include "qelvrml/platform/brix/brixMatrix4x4.h"
 #include "qelvrml/platform/brix/groups/brixBaseGroup.h"
 #include "qelvrml/scene/CVRMLTextureState.h"
-#include "qelvrml/scene/VRMLBindingTypes.h"
 
 class CKelTextureManager;
 class CVRMLDictionaryEntry;
