@@ -76,29 +76,6 @@ TEST(Dictionary, ReplaysOutsideALoadLeaveTheNameAtHand) {
   EXPECT_TRUE(parser.PopSeparator());
 }
 
-TEST(Dictionary, AUseTakesTheStateOfItsPlace) {
-  const Model model = Load(R"(
-    DEF c Cube {}
-    Translation { translation 3 0 0 } Material { diffuseColor 0 1 0 }
-    USE c)");
-  ASSERT_EQ(model.Size(), 2U);
-  EXPECT_THAT(model.Centre(1), IsPoint(3, 0, 0));
-  EXPECT_THAT(model.Diffuse(1), IsColour(0, 1, 0));
-  EXPECT_EQ(model.Name(0), "c");
-  EXPECT_EQ(model.Name(1), "") << "a plain USE has no name of its own";
-}
-
-TEST(Dictionary, PropertiesApplyAgain) {
-  const Model model = Load(R"(
-    DEF t Translation { translation 1 0 0 } USE t USE t Cube {}
-    DEF m Material { diffuseColor 1 0 0 } Material { } USE m Cube {}
-    DEF p Coordinate3 { point [ 0 0 0, 1 0 0, 0 1 0 ] } Coordinate3 { point [ 9 9 9 ] } USE p
-    IndexedFaceSet { coordIndex [ 0 1 2 ] })");
-  EXPECT_THAT(model.Centre(0), IsPoint(3, 0, 0));
-  EXPECT_THAT(model.Diffuse(1), IsColour(1, 0, 0));
-  EXPECT_EQ(model.Classes(), "brixBox brixBox CKelPolyface");
-}
-
 // A replayed separator is a group of its name, and what its children make bears that name too.
 TEST(Dictionary, ReplayedSeparatorsMakeGroups) {
   const Model model =

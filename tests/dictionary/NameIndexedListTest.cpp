@@ -25,13 +25,11 @@ protected:
 TEST_F(NameIndexedListTest, TheFirstOfAKeyIsFound) {
   for (Item* item : {&One, &Nameless, &Two, &OtherTwo}) ASSERT_TRUE(List.AddTail(item));
   EXPECT_EQ(List.FindKey(2), &Two);
-  EXPECT_EQ(List.FindKey(3), nullptr);
-  EXPECT_TRUE(List.Remove(&Two));
+  EXPECT_TRUE(!List.FindKey(3) && List.Remove(&Two));
   EXPECT_EQ(List.FindKey(2), &OtherTwo);
   EXPECT_TRUE(List.AddHead(&Two));
   EXPECT_EQ(List.FindKey(2), &Two) << "now it stands in front again";
-  EXPECT_TRUE(List.InsertAfter(List.FindElement(&OtherTwo), &One));
-  EXPECT_TRUE(List.Remove(&One));
+  EXPECT_TRUE(List.InsertAfter(List.FindElement(&OtherTwo), &One) && List.Remove(&One));
   EXPECT_EQ(List.FindKey(1), &One) << "it was in the list twice";
   EXPECT_FALSE(List.AddTail(nullptr));
   EXPECT_EQ(List.RemoveHead(), &Two);
@@ -42,8 +40,7 @@ TEST_F(NameIndexedListTest, KeysAreForgottenBeforeTheyChange) {
   List.AddTail(&One);
   List.ForgetKey(&One);
   One.Key = 7;
-  EXPECT_EQ(List.FindKey(1), nullptr);
-  EXPECT_EQ(List.FindKey(7), nullptr);
+  EXPECT_FALSE(List.FindKey(1) || List.FindKey(7));
   EXPECT_EQ(List.RemoveHead(), &One);
   List.ForgetKey(&One);
   EXPECT_EQ(List.GetCount(), 0);

@@ -104,11 +104,4 @@ TEST_F(SubfileTest, TheHostResolvesSupportFiles) {
   EXPECT_FALSE(SupportParser::FileExists(""));
 }
 
-TEST(Quotes, AreRemovedEverywhere) {
-  CBasicString text("\"a\"b\"");
-  EXPECT_TRUE(CVRMLParser::RemoveQuotes(text));
-  EXPECT_TRUE(text == "ab");
-  EXPECT_FALSE(CVRMLParser::RemoveQuotes(text));
-}
-
 }  // namespace

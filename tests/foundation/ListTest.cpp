@@ -106,13 +106,6 @@ TEST(List, IteratorsMayDetachThemselvesWhenTold) {
   EXPECT_EQ(other.GetIteratorCount(), 0) << "it is told on the way to another list";
 }
 
-TEST(List, IteratorsMayOutliveTheirListWhenUnused) {
-  auto list = std::make_unique<CBasicList>();
-  CBasicListIterator iterator(list.get());
-  list.reset();
-  EXPECT_FALSE(iterator.GetList() || iterator.GetData() || iterator.AddTail(Word(1)));
-}
-
 TEST(List, OwnsValuesThroughAHandler) {
   CBasicList list;
   int value = 5;
@@ -129,17 +122,6 @@ TEST(List, OwnsValuesThroughAHandler) {
   CBasicString text("a text that is too long to stand in the string object itself");
   EXPECT_TRUE(list.AddHeadValue(&text) && list.FindElement(&text));
   EXPECT_TRUE(list.RemoveAllValues() && !list.RemoveAllValues());
-}
-
-TEST(List, HandlersRefuseWhatTheyCannotDo) {
-  CBasicList list;
-  list.SetIntegerElements();
-  const CBasicElementHandler handler = list.GetElementHandler();
-  void* slot = nullptr;
-  EXPECT_FALSE(handler(0, nullptr, nullptr) || handler(4, &slot, nullptr));
-  ASSERT_TRUE(handler(0, &slot, nullptr));
-  EXPECT_FALSE(handler(2, &slot, nullptr) || handler(3, &slot, nullptr));
-  EXPECT_TRUE(handler(1, &slot, nullptr) && !slot);
 }
 
 // A copy that runs out of memory half way is destroyed.

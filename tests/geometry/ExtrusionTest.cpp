@@ -20,33 +20,6 @@ const std::string Upright = "spine [ 0 0 0, 0 1 0 ] ";
 Model Sweep(const std::string& fields) { return Load20("Extrusion { " + fields + "}"); }
 Model SweepOpen(const std::string& fields) { return Sweep(fields + "beginCap FALSE endCap FALSE "); }
 
-TEST(Extrusion, AlongTheUpAxisTheSectionIsMovedOnly) {
-  const Model model = SweepOpen(Square + "spine [ 5 0 0, 5 3 0 ] ");
-  ASSERT_EQ(model.Classes(), "CKelPolyMesh");
-  const auto points = model.Points(0);
-  ASSERT_EQ(points.size(), 10U);
-  EXPECT_THAT(points[1], IsPoint(6, 0, -1));
-  EXPECT_THAT(points[5], IsPoint(6, 3, 1));
-  const auto& mesh = dynamic_cast<const CKelPolyMesh&>(model.Object(0));
-  EXPECT_EQ(mesh.GetRows(), 2);
-  EXPECT_EQ(mesh.GetColumns(), 5);
-  EXPECT_EQ(model.Triangles(0), 8U);
-  EXPECT_NEAR(model.Area(0), 4 * 2 * 3, 1e-4);
-}
-
-// The tangents of the spine (0 0 0) (2 0 0) (2 2 0) are +X, (1 1 0) / sqrt 2 and +Y. The shortest rotation of +Y onto
-// +X turns about Z by -90 degrees and carries +X to -Y; onto the diagonal it carries +X to (1 -1 0) / sqrt 2.
-TEST(Extrusion, SectionsFollowABentSpine) {
-  const Model model = SweepOpen("crossSection [ 1 0, 0 1 ] spine [ 0 0 0, 2 0 0, 2 2 0 ] ");
-  const auto points = model.Points(0);
-  const auto half = static_cast<float>(1.0 / std::numbers::sqrt2);
-  ASSERT_EQ(points.size(), 6U);
-  EXPECT_THAT(points[0], IsPoint(0, -1, 0));
-  EXPECT_THAT(points[1], IsPoint(0, 0, 1));
-  EXPECT_THAT(points[2], IsPoint(2 + half, -half, 0));
-  EXPECT_THAT(points[4], IsPoint(3, 2, 0));
-}
-
 // Straight down there is no axis from the neighbours: the turn is about the coordinate axis least aligned with +Y,
 // which is X.
 TEST(Extrusion, ASpineStraightDownTurnsOver) {

@@ -47,13 +47,6 @@ TEST(IndexedSet, NestedNodesServeTheSet) {
   EXPECT_EQ(model.Name(0), "");
 }
 
-TEST(IndexedSet, LinesAreObjectsOfTheirOwn) {
-  const Model model = Load(Square + Colours + "IndexedLineSet { coordIndex [ 0 1 -1 3 2 1 ] }");
-  ASSERT_EQ(model.Classes(), "CKelPolyline CKelPolyline");
-  EXPECT_THAT(model.Points(1)[0], IsPoint(0, 1, 0));
-  EXPECT_THAT(model.Diffuse(1), IsColour(1, 0, 0));
-}
-
 // An empty list is one run without indices: a line without points, but no part, which has no vertices to take a colour
 // from.
 TEST(IndexedSet, AnEmptyListOfLines) {
@@ -131,13 +124,6 @@ TEST(IndexedSet, ConcaveFacesAreTriangulated) {
   EXPECT_EQ(model.Triangles(0), 4U);
   EXPECT_NEAR(model.Area(0), 3.0, 1e-5);
   EXPECT_EQ(model.Triangles(1), 2U);
-}
-
-TEST(IndexedSet, ReplaysUnderOtherCoordinates) {
-  const Model model = Load("DEF s Separator { " + Square + R"(IndexedFaceSet { coordIndex [ 0 1 2 ] } }
-    Translation { translation 0 0 7 } USE s)");
-  ASSERT_EQ(model.Size(), 2U);
-  EXPECT_THAT(model.Points(1)[1], IsPoint(1, 0, 7));
 }
 
 }  // namespace

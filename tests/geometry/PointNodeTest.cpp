@@ -38,10 +38,6 @@ TEST(PointSet, NestedNodesStayInForce) {
     EXPECT_THAT(model.Diffuse(i), IsColour(0, 1, 0)) << "the first colour, also behind the node";
 }
 
-TEST(PointSet, AReplayUsesAsManyPointsAsTheFirstTime) {
-  EXPECT_EQ(Load("Coordinate3 { point [ 0 0 0, 1 0 0 ] } DEF p PointSet { } " + Ten + "USE p").Size(), 4U);
-}
-
 // Two strips: 4 points make two triangles, 3 make one; the first strip covers a unit square.
 TEST(TriangleStrip, StripsFollowOneAnother) {
   const Model model = Load(R"(Coordinate3 { point [ 0 0 0, 1 0 0, 0 1 0, 1 1 0, 5 0 0, 6 0 0, 5 1 0 ] }
@@ -63,24 +59,6 @@ TEST(TriangleStrip, CountsAreCutToThePoints) {
   ASSERT_EQ(model.Size(), 2U);
   const auto counts = dynamic_cast<const CKelMultipleTriangleStrip&>(model.Object(0)).GetPointCounts().View();
   EXPECT_THAT(std::vector<int>(counts.begin(), counts.end()), testing::ElementsAre(4, 0, 6, 0));
-}
-
-// Three columns and two rows: height 1 stands at x = 2, height 3 at z = 4.
-TEST(ElevationGrid, MeshesInRowsAlongX) {
-  const std::string fields = "xDimension 3 xSpacing 2 zDimension 2 zSpacing 4 height [ 10 11 12 13 14 15 ] ";
-  const Model model = Load20("Transform { translation 0 0 1 children ElevationGrid { " + fields + "} }");
-  ASSERT_EQ(model.Classes(), "CKelPolyMesh");
-  const auto points = model.Points(0);
-  ASSERT_EQ(points.size(), 6U);
-  EXPECT_THAT(points[2], IsPoint(2, 11, 1));
-  EXPECT_THAT(points[1], IsPoint(0, 13, 5));
-  EXPECT_THAT(points[5], IsPoint(4, 15, 5));
-  EXPECT_EQ(dynamic_cast<const CKelPolyMesh&>(model.Object(0)).GetRows(), 3);
-  EXPECT_EQ(model.Triangles(0), 4U);
-  const Model lines = Load20("ElevationGrid { solid FALSE " + fields + "}");
-  ASSERT_EQ(lines.Classes(), "CKelPolyline CKelPolyline CKelPolyline CKelPolyline CKelPolyline");
-  EXPECT_THAT(lines.Points(1)[1], IsPoint(2, 14, 4));
-  EXPECT_THAT(lines.Points(4)[2], IsPoint(4, 15, 4));
 }
 
 TEST(ElevationGrid, DimensionsAgainstHeights) {
@@ -107,16 +85,6 @@ TEST(ElevationGrid, NestedNodesEndIt) {
       Load20("ElevationGrid { " + fields + "height [ 1 2 3 4 ] color Color { color [ 1 0 0 ] } solid TRUE } Box {}")
           .Classes(),
       "CKelPolyMesh");
-}
-
-TEST(Replay, GridsStripsAndSweeps) {
-  const Model model = Load20(R"(
-    DEF g ElevationGrid { xDimension 2 zDimension 2 xSpacing 1 zSpacing 1 height [ 1 2 3 4 ] }
-    DEF e Extrusion { crossSection [ 1 1, 1 -1, -1 -1 ] spine [ 0 0 0, 0 1 0 ] endCap FALSE }
-    Transform { translation 5 0 0 children [ USE g USE e ] })");
-  ASSERT_EQ(model.Classes(), "CKelPolyMesh CKelPolyMesh CKelPolyface CKelPolyMesh CKelPolyMesh CKelPolyface");
-  EXPECT_THAT(model.Points(3)[0], IsPoint(5, 1, 0));
-  EXPECT_THAT(model.Points(4)[0], IsPoint(6, 0, 1));
 }
 
 }  // namespace

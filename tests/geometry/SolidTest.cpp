@@ -5,14 +5,6 @@
 
 namespace {
 
-TEST(Solid, ConesStandOnTheirBase) {
-  const Model model = Load("Cone { bottomRadius 3 height 4 side TRUE parts BOTTOM }");
-  ASSERT_EQ(model.Classes(), "brixCone brixDisk");
-  EXPECT_THAT(model.Extents(0), IsPoint(6, 4, 6));
-  EXPECT_THAT(model.Centre(1), IsPoint(0, -2, 0));
-  EXPECT_THAT(model.Extents(1), IsPoint(6, 0, 6));
-}
-
 TEST(Solid, PartsOfACone) {
   EXPECT_EQ(Load("Cone { bottom FALSE } Info {}").Classes(), "brixCone brixDisk") << "always closed in version 1.0";
   EXPECT_EQ(Load20("Cone { bottom FALSE }").Classes(), "brixCone");
@@ -20,17 +12,6 @@ TEST(Solid, PartsOfACone) {
   EXPECT_EQ(Load20("Cone { side FALSE bottom FALSE }").Result, VRMLLoadFailed);
   EXPECT_EQ(Load("Cone { height 4 parts BOTTOM } Sphere {} Cube {}").Classes(), "brixCone brixDisk brixBox")
       << "the } is taken for the value of BOTTOM, and reading goes on to the next one";
-}
-
-TEST(Solid, BoxesInTheOrderOfTheirCorners) {
-  const Model model = Load("Translation { translation 10 0 0 } Cube { width 2 height 4 depth 6 width word }");
-  const std::vector<brixFloatPoint> points = model.Points(0);
-  ASSERT_EQ(points.size(), 8U);
-  EXPECT_THAT(points[0], IsPoint(9, -2, -3));
-  EXPECT_THAT(points[2], IsPoint(11, 2, -3));
-  EXPECT_THAT(points[7], IsPoint(9, 2, 3));
-  EXPECT_NEAR(model.Area(0), 2 * (8 + 12 + 24), 1e-3);
-  EXPECT_THAT(Load("Box { size 1 2 word }").Extents(0), IsPoint(1, 2, 2));
 }
 
 TEST(Solid, CylindersWithTheirDisks) {

@@ -37,15 +37,7 @@ void operator delete[](void* block, std::size_t /*size*/) noexcept { std::free(b
 namespace {
 
 TEST(Allocation, EachOneMayFail) {
-  const TemporaryFolder folder;
-  const std::string path = folder.Write("scene.wrl", R"(#VRML V2.0 utf8
-    PROTO P [ field SFFloat r 1 field SFNode n Sphere {} ] { Transform { translation 1 0 0 children Shape { geometry Sphere { radius IS r } } } }
-    DEF g Group { children [ DEF p P { r 2 } Shape { appearance Appearance { material DEF m Material { diffuseColor 1 0 0 } }
-      geometry DEF f IndexedFaceSet { coord Coordinate { point [ 0 0 0, 1 0 0, 1 1 0, 0 1 0 ] } coordIndex [ 0 1 2 -1 0 2 3 ]
-        texCoord TextureCoordinate { point [ 0 0, 1 0, 1 1 ] } } } Inline { url "none.wrl" } ] }
-    Shape { appearance Appearance { texture PixelTexture { image 1 1 3 5 } } geometry Extrusion { beginCap FALSE endCap FALSE
-      crossSection [ 0 0, 4 0, 4 4, 0 4, 0 0, 1 1, 1 2, 2 2, 1 1 ] spine [ 0 0 0, 0 1 0 ] } }
-    USE g USE p DEF g Cylinder {} ElevationGrid { xDimension 2 zDimension 2 xSpacing 1 zSpacing 1 height [ 1 2 3 4 ] })");
+  const std::string path = QELVRML_TEST_SCENES "/short-of-memory.wrl";
   const std::size_t whole = LoadFile(path).Size();
   bool finished = false;
   for (long n = 0; !finished; ++n) {

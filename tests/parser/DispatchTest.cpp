@@ -70,17 +70,6 @@ TEST(Dispatch, PassesOverAsOftenAsItStandsThere) {
   EXPECT_THAT(colours.Diffuse(2), IsColour(0, 1, 0));
 }
 
-// Parsing what is passed over doubles with each name inside another; 40 of them would take years.
-TEST(Dispatch, NamesInsideNamesAreBounded) {
-  std::string open;
-  std::string close;
-  for (int i = 0; i < 40; ++i) {
-    open += "Transform { children DEF n" + std::to_string(i) + " ";
-    close += "} ";
-  }
-  EXPECT_EQ(Load20(open + "Group { children Box {} } " + close + "Sphere { }").Classes(), "brixSphere brixBox");
-}
-
 // A keyword that is dropped without a block behind it takes nothing else with it.
 TEST(Dispatch, DroppedKeywordsWithoutABlock) {
   for (const std::string word : {"PointLight", "SpotLight NULL", "Normal NULL", "FontStyle"}) {
@@ -120,21 +109,6 @@ TEST(Dispatch, TooManyOpenSeparatorsAreScannedPast) {
     const Model model = Load(open + inner + close + "Cube {}");
     EXPECT_EQ(model.Classes(), depth == 499 ? "brixBox brixSphere brixBox" : "brixSphere brixBox");
     EXPECT_THAT(model.Centre(0), IsPoint(9, 0, 0)) << "this transform opens no scope";
-  }
-}
-
-// Every beginning of a scene that holds a bit of everything: loaded or refused, and nothing leaks.
-TEST(Dispatch, EveryTruncationIsTakenInStride) {
-  const std::string scene = R"(#VRML V1.0 ascii
-    DEF g Separator { renderCulling TRUE DEF m Material { diffuseColor [ 1 0 0, 0 1 0 ] shininess 0.5 ambientIntensity 0.2 }
-      MaterialBinding { value PER_FACE_INDEXED } Coordinate3 { point [ 0 0 0, 1 0 0, 1 1 0, 0 1 0 ] }
-      DEF f IndexedFaceSet { coordIndex [ 0, 1, 2, -1, 0, 2, 3, -1 ] materialIndex [ 1, 0 ] normalIndex [ 0 ] }
-      Transform { translation 1 2 3 rotation 0 0 1 1 children DEF x Cube { width 1 } } MatrixTransform { matrix 1 0 0 0 }
-      Separator { Cone { parts ALL height 3 } Cylinder {} USE m "text \" quoted" } }
-    USE g Info { string "x" })";
-  for (std::size_t length = 0; length < scene.size(); ++length) {
-    SCOPED_TRACE(length);
-    LoadBytes(scene.substr(0, length));
   }
 }
 

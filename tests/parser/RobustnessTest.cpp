@@ -4,38 +4,30 @@
 #include <pthread.h>
 
 #include <random>
+#include <utility>
 
 #include "support/Model.h"
+#include "support/Tool.h"
 
 namespace {
 
-const std::string RichScene = R"(#VRML V2.0 utf8
-  PROTO Ball [ eventIn SFBool b field SFFloat r 2 exposedField MFString s [ "a b", "c" ] field SFNode n Group { } ]
-    { DEF inner Shape { appearance Appearance { material Material { diffuseColor 1 0 0 } } geometry Sphere { radius IS r } } }
-  EXTERNPROTO Far [ field SFFloat x ] [ "far.wrl#Far" "other.wrl" ]
-  DEF root Transform { scaleOrientation 0 0 1 1 translation 1 2 3 addChildren Box {} children [
-    DEF b Ball { r 5 s [ "x" ] } Ball { } USE b
-    Collision { proxy DEF p Shape { geometry Box {} } children [ LOD { range [ 1, 2 ] level [ Shape { geometry Cone { bottom FALSE } } ] } ] }
-    Switch { whichChoice 1 choice [ Group { } DEF chosen Group { children Shape { geometry DEF g Cylinder { radius 3 } } } ] }
-    Shape { geometry IndexedLineSet { coord DEF c Coordinate { point [ 0 0 0, 1 1 1 ] } coordIndex [ 0, 1, -1 ] color Color { color [ 1 0 0 ] } } }
-    Shape { appearance DEF look Appearance { texture DEF t PixelTexture { image 2 2 3 1 2 3 4 } textureTransform TextureTransform { scale 2 2 } }
-      geometry IndexedFaceSet { coord USE c texCoord TextureCoordinate { point [ 0 0, 1 1 ] } coordIndex [ 0 1 0 ] } }
-    Shape { appearance USE look geometry ElevationGrid { xDimension 2 zDimension 2 xSpacing 1 zSpacing 1 height [ 0, 1, 2, 3 ] solid FALSE } }
-    Shape { geometry DEF e Extrusion { crossSection [ 1 1, 1 -1, -1 -1, -1 1, 1 1 ] spine [ 0 0 0, 0 2 0 ] scale [ 1 1, 2 2 ] } }
-    Shape { geometry PointSet { coord USE c } } Inline { url "none.wrl" } ] }
-  USE root USE e TriangleStripSet { numVertices [ 3 4 ] } Separator { MatrixTransform { matrix 1 2 3 } } "text" 0x1F # end
-)";
+/// Scenes of both versions that hold a bit of everything.
+std::vector<std::string> RichScenes() {
+  return {ReadWholeFile(QELVRML_TEST_SCENES "/rich-1.0.wrl"), ReadWholeFile(QELVRML_TEST_SCENES "/rich-2.0.wrl")};
+}
 
 TEST(Robustness, EveryTruncationOfARichScene) {
-  for (std::size_t length = 0; length < RichScene.size(); ++length) {
-    SCOPED_TRACE(length);
-    LoadBytes(RichScene.substr(0, length));
+  for (const std::string& scene : RichScenes()) {
+    for (std::size_t length = 0; length < scene.size(); ++length) {
+      SCOPED_TRACE(scene.substr(0, length));
+      LoadBytes(scene.substr(0, length));
+    }
   }
 }
 
 // Words of the scene in any order and number, from a fixed seed.
 TEST(Robustness, WordsInAnyOrder) {
-  std::istringstream stream(RichScene.substr(RichScene.find('\n')));
+  std::istringstream stream(RichScenes()[0] + RichScenes()[1]);
   const std::vector<std::string> words{std::istream_iterator<std::string>(stream), {}};
   std::mt19937 random(1);
   for (int round = 0; round < 300; ++round) {
@@ -49,11 +41,13 @@ TEST(Robustness, WordsInAnyOrder) {
 // Every byte of the scene replaced once by one that means something to the reader.
 TEST(Robustness, BytesThatChange) {
   const std::string meaningful("{}[]()\"#\\-9 \0\n\xFF", 15);
-  for (std::size_t i = 0; i < RichScene.size(); ++i) {
-    SCOPED_TRACE(i);
-    std::string scene = RichScene;
-    scene[i] = meaningful[i % meaningful.size()];
-    LoadBytes(scene);
+  for (std::string scene : RichScenes()) {
+    for (std::size_t i = 0; i < scene.size(); ++i) {
+      SCOPED_TRACE(i);
+      const char kept = std::exchange(scene[i], meaningful[i % meaningful.size()]);
+      LoadBytes(scene);
+      scene[i] = kept;
+    }
   }
 }
 

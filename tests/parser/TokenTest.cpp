@@ -94,9 +94,7 @@ TEST(Token, StandsStillAtTheEnd) {
   Tokens tokens("last");
   EXPECT_EQ(tokens.Manager.GetCurrentTokenType(), VRMLTokenUnknown);
   EXPECT_EQ(tokens.Manager.GetCurrentToken().GetTokenLength(), 0);
-  EXPECT_TRUE(tokens.Manager.Tokenize());
-  EXPECT_FALSE(tokens.Manager.Tokenize());
-  EXPECT_FALSE(tokens.Manager.Tokenize());
+  EXPECT_TRUE(tokens.Manager.Tokenize() && !tokens.Manager.Tokenize() && !tokens.Manager.Tokenize());
   EXPECT_EQ(tokens.Manager.GetCurrentTokenType(), VRMLTokenEndOfFile);
 }
 
@@ -128,8 +126,7 @@ TEST(Token, BuffersTakeTheFilesPlaceForATime) {
   CGenericIOState state;
   tokens.Manager.SaveIOState(state);
   const int offset = tokens.Manager.GetCurrentFileOffset();
-  EXPECT_FALSE(tokens.Manager.StartBufferReading(nullptr, 1));
-  EXPECT_FALSE(tokens.Manager.StartBufferReading("x", -1));
+  EXPECT_FALSE(tokens.Manager.StartBufferReading(nullptr, 1) || tokens.Manager.StartBufferReading("x", -1));
   ASSERT_TRUE(tokens.Manager.StartBufferReading("one two threeX", 13));
   EXPECT_STREQ(tokens.Manager.GetCurrentTokenString(), "one");
   EXPECT_STREQ(tokens.Manager.GetNextTokenString(), "two");
@@ -137,8 +134,7 @@ TEST(Token, BuffersTakeTheFilesPlaceForATime) {
   EXPECT_EQ(tokens.Manager.GetCurrentFileOffset(), offset);
   EXPECT_TRUE(tokens.Manager.SetToStartOfBuffer());
   EXPECT_STREQ(tokens.Manager.GetCurrentTokenString(), "one");
-  EXPECT_TRUE(tokens.Manager.StopBufferReading());
-  EXPECT_FALSE(tokens.Manager.StopBufferReading());
+  EXPECT_TRUE(tokens.Manager.StopBufferReading() && !tokens.Manager.StopBufferReading());
   EXPECT_EQ(tokens.Manager.GetCurrentTokenType(), VRMLTokenEndOfFile);
   tokens.Manager.RestoreIOState(state);
   EXPECT_EQ(tokens.Read(), "file");

@@ -24,8 +24,6 @@ namespace {
 constexpr double Pi = std::numbers::pi;
 constexpr float Whole = brixBaseRevSurface::WholeTurn;
 constexpr float Half = brixBaseRevSurface::HalfTurn;
-const brixVector X(1, 0, 0);
-const brixVector Y(0, 1, 0);
 
 using Object = std::shared_ptr<brixBaseObject>;
 
@@ -37,10 +35,12 @@ Object Make(void (Base::*set)(Values...), const std::decay_t<Values>&... values)
 }
 
 Object Sphere(const brixFloatPoint& centre, float radius, float turn0, float turn1, float polar0, float polar1) {
-  return Make<brixSphere>(&brixSphere::SetSphere, centre, Y, X, radius, turn0, turn1, polar0, polar1);
+  const brixVector start(1.0F / 3, 2.0F / 3, -2.0F / 3);  // at right angles to the axis
+  const brixVector axis(2.0F / 3, 1.0F / 3, 2.0F / 3);
+  return Make<brixSphere>(&brixSphere::SetSphere, centre, start, axis, radius, turn0, turn1, polar0, polar1);
 }
 Object Cylinder(float height, float radius, float ratio, float from = 0, float to = Whole) {
-  return Make<brixCylinder>(&brixCylinder::SetCylinder, height, radius, ratio, Y, from, to);
+  return Make<brixCylinder>(&brixCylinder::SetCylinder, height, radius, ratio, brixVector(0.6F, -0.8F, 0), from, to);
 }
 Object Cone(float height, float bottom, float top) { return Make<brixCone>(&brixCone::SetCone, height, bottom, top); }
 Object Disk(float inner, float outer, const brixMatrix4x4& placement) {
@@ -67,12 +67,8 @@ std::vector<Shape> Shapes() {
   const double cap = std::cos(0.25) - std::cos(1.25);
   const brixFloatPointArray corners =
       Points({{1, 1, 0}, {-1, 1, 0}, {-1, -1, 0}, {1, -1, 0}, {1, 1, 3}, {-1, 1, 3}, {-1, -1, 3}, {1, -1, 3}});
-  brixFloatPointArray torus;  // four sections of a square, in a square
-  for (const brixVector& at :
-       {brixVector(1, 1, 0), brixVector(1, -1, 0), brixVector(-1, -1, 0), brixVector(-1, 1, 0)}) {
-    for (const auto& [half, z] : {std::pair(4.0F, -1.0F), {4.0F, 1.0F}, {2.0F, 1.0F}, {2.0F, -1.0F}})
-      torus.Append({at.x * half, at.y * half, z});
-  }
+  const brixFloatPointArray columns =
+      Points({{1, 1, 3}, {1, 1, 0}, {-1, 1, 3}, {-1, 1, 0}, {-1, -1, 3}, {-1, -1, 0}, {1, -1, 3}, {1, -1, 0}});
   brixFloatPointArray strips;
   for (const int count : {3, 5, 3}) {
     for (int i = 0; i < count; ++i) strips.Append({static_cast<float>(i % 2), static_cast<float>(i / 2), 3});
@@ -98,11 +94,11 @@ std::vector<Shape> Shapes() {
       {"disk", 4 * Pi, 4 * Pi, {Disk(0, 2, up)}},
       {"ring", 3 * Pi, 3 * Pi, {Disk(1, 2, up)}},
       {"box", 12, 32, {Make<brixBox>(&brixBox::SetBox, corners)}},
-      {"tube", 8, 24, {Mesh(corners, 2, 4, false, true)}, true},
+      {"tube along its rows", 8, 24, {Mesh(corners, 2, 4, false, true)}, true},
       {"polyface", 1.0 / 6, 1.5 + std::sqrt(0.75), {face}, true},
       {"concave polygon", 5, 5, {polygon}, true},
       {"open mesh", 6, 6, {Mesh(grid, 2, 3, false, false)}, true},
-      {"torus", 96, 192, {Mesh(torus, 4, 4, true, true)}, true},
+      {"tube across its rows", 8, 24, {Mesh(columns, 4, 2, true, false)}, true},
       {"strips", 2.5, 2.5, {strip}, true},
   };
 }
@@ -136,16 +132,13 @@ brixMatrix4x4 Shear() {
 }
 
 TEST(Evaluation, VolumesAndAreasByTheirFormulas) {
-  struct Placement {
-    brixMatrix4x4 Matrix;
-    double Determinant;
-    bool KeepsShape = true;
-  };
   const brixMatrix4x4 turn = CreateRotationMatrixForNormalAngle({1, 1, 1}, 2 * Pi / 3);  // x to y to z
-  for (const auto& [matrix, determinant, keepsShape] :
-       {Placement{{}, 1}, Placement{GetScaleMatrix({-1, 1, 1}), -1}, Placement{turn, 1},
-        Placement{turn * turn * GetScaleMatrix({1, -1, 1}), -1}, Placement{Shear(), 1, false},
-        Placement{GetScaleMatrix({1, 1, -2}) * Shear(), -2, false}}) {
+  for (const auto& [matrix, determinant, keepsShape] : {std::tuple(brixMatrix4x4(), 1.0, true),
+                                                        {GetScaleMatrix({-1, 1, 1}), -1.0, true},
+                                                        {turn, 1.0, true},
+                                                        {turn * turn * GetScaleMatrix({1, -1, 1}), -1.0, true},
+                                                        {Shear(), 1.0, false},
+                                                        {GetScaleMatrix({1, 1, -2}) * Shear(), -2.0, false}}) {
     for (const Shape& shape : Shapes()) {
       SCOPED_TRACE(testing::Message() << shape.Name << ", determinant " << determinant << ", " << keepsShape);
       Measure sum;

@@ -17,8 +17,7 @@ TEST(FileInterface, ReadsTheBeginningAndTheWhole) {
   char start[4] = {};
   EXPECT_EQ(file.Read(start, 4), 4);
   EXPECT_EQ(std::string(start, 4), "0123");
-  EXPECT_EQ(file.Read(nullptr, 4), 0);
-  EXPECT_EQ(file.Read(start, -1), 0);
+  EXPECT_EQ(file.Read(nullptr, 4) + file.Read(start, -1) + file.Read(start, 0), 0);
   EXPECT_TRUE(file.ReadNextBlockFromFile());
   EXPECT_EQ(std::string(file.GetBlock()->begin(), file.GetBlock()->end()), "456789");
   EXPECT_FALSE(file.ReadNextBlockFromFile());
@@ -26,8 +25,7 @@ TEST(FileInterface, ReadsTheBeginningAndTheWhole) {
   EXPECT_FALSE(copy.GetFileHandleIsValid());
   file.Close();
   file.Close();
-  EXPECT_EQ(file.Read(start, 4), 0);
-  EXPECT_EQ(file.GetFileSize(), 0);
+  EXPECT_EQ(file.Read(start, 4) + file.GetFileSize(), 0);
 }
 
 // A pipe would make the host wait for its other end.

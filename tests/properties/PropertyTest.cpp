@@ -75,15 +75,6 @@ TEST(Transform, SingleNodes) {
   EXPECT_THAT(Sized("MatrixTransform { }"), IsPoint(2, 2, 2));
 }
 
-// A quarter turn about Z carries +X to +Y; the node that comes last acts first.
-TEST(Transform, TheLastNodeActsFirst) {
-  const std::string turn = "Rotation { rotation 0 0 1 1.5707963 } ";
-  const std::string move = "Translation { translation 1 0 0 } ";
-  EXPECT_THAT(Moved(move + turn), IsPoint(1, 0, 0));
-  EXPECT_THAT(Moved(turn + move), IsPoint(0, 1, 0));
-  EXPECT_THAT(Moved(move + turn + move), IsPoint(1, 1, 0));
-}
-
 // The scale comes behind the rotation: (1 0 0) turns to (0 1 0), which is doubled in y only.
 TEST(Transform, ComposesInItsOwnOrder) {
   const std::string inner = " Translation { translation 1 0 0 }";

@@ -13,10 +13,13 @@ protected:
   /// Loads shapes with the folder of the test scenes as the place of the images.
   Model LoadShapes(const std::string& scene) {
     Model model;
-    model.World->GetTextureManager()->AddAlternatePath(Scenes.c_str());
+    LoadInto(model, scene);
+    return model;
+  }
+  void LoadInto(Model& model, const std::string& scene) {
+    if (model.World->GetTextureManager()) model.World->GetTextureManager()->AddAlternatePath(Scenes.c_str());
     model.Result = model.Parser->Parse(model.World.get(), Folder.Write("s.wrl", "#VRML V2.0 utf8\n" + scene).c_str());
     CheckModel(*model.World);
-    return model;
   }
   static std::string Textured(const std::string& texture, const std::string& more = "") {
     return "Shape { appearance Appearance { material Material { diffuseColor 1 0 0 transparency 0.5 } texture " +
@@ -89,10 +92,7 @@ TEST_F(TextureTest, TheHostsPathComesFirst) {
     path = answer.c_str();
     return 1;
   });
-  model.World->GetTextureManager()->AddAlternatePath(Scenes.c_str());
-  model.Parser->Parse(
-      model.World.get(),
-      Folder.Write("s.wrl", "#VRML V2.0 utf8\n" + Textured("ImageTexture { url \"tile.png\" }")).c_str());
+  LoadInto(model, Textured("ImageTexture { url \"tile.png\" }"));
   ASSERT_EQ(model.World->GetTextureManager()->GetNumberTextures(), 1);
   EXPECT_EQ(model.World->GetTextureManager()->GetTextureAt(0)->GetWidth(), 2);
 }
@@ -100,10 +100,8 @@ TEST_F(TextureTest, TheHostsPathComesFirst) {
 TEST_F(TextureTest, WithoutAManagerTexturesArePassedOver) {
   Model model;
   model.World->SetTextureManager(nullptr);
-  EXPECT_EQ(model.Parser->Parse(
-                model.World.get(),
-                Folder.Write("s.wrl", "#VRML V2.0 utf8\n" + Textured("ImageTexture { url \"tile.png\" }")).c_str()),
-            VRMLLoadOK);
+  LoadInto(model, Textured("ImageTexture { url \"tile.png\" }"));
+  EXPECT_EQ(model.Result, VRMLLoadOK);
   EXPECT_EQ(model.Size(), 1U);
 }
 

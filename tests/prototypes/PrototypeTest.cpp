@@ -109,31 +109,6 @@ TEST(Prototype, EnormousMergesAreLeftOut) {
   EXPECT_EQ(Load20(scene).Classes(), "brixSphere");
 }
 
-TEST(PrototypeField, ComparesAndCopies) {
-  CVRMLPrototypeField field;
-  CBasicString type("sfFloat");
-  field.SetTypeFromName(type);
-  EXPECT_EQ(field.GetType(), VRMLFieldSFFLOAT);
-  EXPECT_TRUE(type == "SFFLOAT");
-  CBasicString other("SFInt32");
-  field.SetTypeFromName(other);
-  EXPECT_EQ(field.GetType(), VRMLFieldUnknown);
-  field.SetValueText(static_cast<char*>(std::malloc(2)));
-  field.SetValueLength(2);
-  std::memcpy(field.GetValueText(), "12", 2);
-  CVRMLPrototypeField copy(field);
-  EXPECT_NE(copy.GetValueText(), field.GetValueText());
-  copy.GetValueText()[0] = '9';
-  EXPECT_TRUE(copy == field) << "the text itself isn't compared";
-  copy = std::as_const(copy);
-  void* slot = nullptr;
-  ASSERT_TRUE(FieldElementHandler(0, &slot, nullptr));
-  EXPECT_TRUE(FieldElementHandler(2, &slot, &field));
-  EXPECT_TRUE(FieldElementHandler(3, &slot, &copy));
-  EXPECT_FALSE(FieldElementHandler(2, &slot, nullptr));
-  EXPECT_TRUE(FieldElementHandler(1, &slot, nullptr));
-}
-
 // The steps of a merge, as a host may take them by itself.
 TEST(PrototypeField, StepsOfAMerge) {
   CVRMLPrototype prototype;

@@ -91,14 +91,4 @@ TEST(Switch, ThreeForms) {
   EXPECT_THAT(inScope.Centre(0), IsPoint(0, 0, 0));
 }
 
-// Each level is scanned past before its children are read; however deep, that costs in proportion to the text.
-TEST(Group, DeepListsLoad) {
-  std::string scene;
-  std::string close;
-  for (int i = 0; i < 480; ++i) scene += "Transform { translation 0 0 1 children [ ", close += "] } ";
-  const Model model = Load20(scene + "Box {} " + close);
-  ASSERT_EQ(model.Size(), 1U);
-  EXPECT_THAT(model.Centre(0), IsPoint(0, 0, 480));
-}
-
 }  // namespace

@@ -9,19 +9,6 @@
 
 namespace {
 
-// A scope's colours, transformation and coordinates end with it; the diffuse colour alone passes to the enclosing
-// scope.
-TEST(Separator, WhatEndsWithAScope) {
-  const Model model = Load(R"(
-    Separator { Translation { translation 5 0 0 } Material { diffuseColor 1 0 0 transparency 0.5 } Cube {} }
-    Cube {})");
-  ASSERT_EQ(model.Size(), 2U);
-  EXPECT_THAT(model.Centre(0), IsPoint(5, 0, 0));
-  EXPECT_THAT(model.Diffuse(0), IsColour(1, 0, 0, 0.5F));
-  EXPECT_THAT(model.Centre(1), IsPoint(0, 0, 0));
-  EXPECT_THAT(model.Diffuse(1), IsColour(1, 0, 0, 1));
-}
-
 TEST(Separator, OnlyNamedScopesWithContentAreGroups) {
   const Model model = Load(R"(
     DEF outer Separator { Separator { Cube {} } DEF inner Separator { Sphere {} } DEF empty Separator { } Cone {} }
@@ -72,22 +59,6 @@ TEST(Separator, ShininessHasTwoScales) {
   EXPECT_EQ(separator.GetShininess().View()[0], 1.0);
   separator.SetShininess(1.5);
   EXPECT_EQ(separator.GetShininess().View()[0], 0.01171875);
-}
-
-TEST(Separator, ANestedScopeSharesEverythingButItsEntryAndCoordinates) {
-  CVRMLSeparator parent;
-  CKelGroup group;
-  brix2DFloatPointArray coordinates(2);
-  parent.SetGroup(&group);
-  parent.GetTextureState().SetTextureID(3);
-  parent.GetTextureState().SetRotation(90);
-  parent.GetTextureState().SetTextureCoordinates(coordinates);
-  CVRMLSeparator child;
-  child = parent;
-  EXPECT_EQ(child.GetGroup(), &group);
-  EXPECT_EQ(child.GetTextureState().GetTextureID(), 3);
-  EXPECT_EQ(child.GetTextureState().GetRotation(), 90);
-  EXPECT_FALSE(child.HasTexture());
 }
 
 // Arrays share their storage until one is written, and behave like values all the same.
@@ -162,12 +133,6 @@ TEST_F(MaterialTest, EveryValueReachesTheObjectsOfItsScope) {
           IsColour(0.15F, 0.25F, 0.35F, 0.875F)},
          96);
   expect(4, {ambient(1), IsColour(1, 0, 0), none(1), none(1)}, 64);
-}
-
-TEST_F(MaterialTest, DefaultsAreWhiteAndShiny) {
-  const brixMatProps material = Separator.GetMatProps();
-  EXPECT_THAT(Diffuse(material), IsColour(1, 1, 1, 1));
-  EXPECT_EQ(material.GetFrontMaterial().GetShininess(), 64.0F);
 }
 
 TEST_F(MaterialTest, APositionBehindTheListIsWhite) {

@@ -27,13 +27,7 @@ TEST(Tool, DumpsTheModelAsJson) {
 }
 
 TEST(Tool, ObjectsOfEveryClass) {
-  const TemporaryFolder folder;
-  const std::string path = folder.Write("s.wrl", R"(#VRML V1.0 ascii
-    Cone { bottomRadius 30 height 400 } Cylinder { radius 5 height 8 } Sphere { radius 7 } Cube {}
-    Coordinate3 { point [ 0 0 0, 4 0 0, 0 4 0, 4 4 0 ] } PointSet { startIndex 1 numPoints 1 }
-    IndexedFaceSet { coordIndex [ 0 1 2 -1 1 3 2 -1 ] } IndexedLineSet { coordIndex [ 0 1 2 -1 ] }
-    MaterialBinding { value PER_FACE } IndexedFaceSet { coordIndex [ 0 1 3 -1 ] } TriangleStripSet { numVertices [ 4 ] }
-    ElevationGrid { xDimension 2 zDimension 2 xSpacing 1 zSpacing 1 height [ 0 0 0 0 ] })");
+  const std::string path = QELVRML_TEST_SCENES "/every-class.wrl";
   const ToolOutput dump = RunTool("dump " + path);
   const std::string identity = "1.0,0.0,0.0,0.0,0.0,1.0,0.0,0.0,0.0,0.0,1.0,0.0,0.0,0.0,0.0,1.0";
   const std::string three = R"("points":[[0.0,0.0,0.0],[4.0,0.0,0.0],[0.0,4.0,0.0])";
@@ -102,7 +96,6 @@ TEST(Tool, SaysWhatWentWrong) {
 
 TEST(Tool, KnowsItsArguments) {
   EXPECT_EQ(RunTool("").Status, 64);
-  EXPECT_EQ(RunTool("info").Status, 64);
   EXPECT_EQ(RunTool("info").Error, "qelvrml: FILE is required; --help tells more\n");
   EXPECT_EQ(RunTool("draw x.wrl").Status, 64);
   EXPECT_EQ(RunTool("--help").Status, 0);
