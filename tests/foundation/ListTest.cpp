@@ -143,7 +143,9 @@ TEST(List, CopiesValuesButNotPointers) {
   points.SetListTypePoint();
   brixFloatPoint point(1, 2, 3);
   points.AddTailValue(&point);
+  points.GoToFirst();
   CKelList copy(points);
+  EXPECT_EQ(points.GetCurrentElement()->Data, points.GetHead()) << "the cursor stays";
   ASSERT_EQ(copy.GetCount(), 1);
   EXPECT_NE(copy.GetHead(), points.GetHead());
   EXPECT_EQ(static_cast<brixFloatPoint*>(copy.GetHead())->z, 3.0F);

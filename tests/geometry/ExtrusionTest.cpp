@@ -115,6 +115,7 @@ TEST(Cap, ATiltedCapLiesInItsPlane) {
   ASSERT_EQ(model.Size(), 2U);
   EXPECT_NEAR(model.Area(1), 4.0, 1e-4);
   for (const brixFloatPoint& p : model.Points(1)) EXPECT_NEAR(p.x + p.y + p.z, 6.0, 1e-4);
+  EXPECT_FALSE(model.Parser->DefineExtrusionCap(1, 3, brixFloatPointArray(5))) << "a row that isn't there";
 }
 
 class LoopParser : public CVRMLParser {

@@ -1,6 +1,5 @@
 #include "qelvrml/parser/load/Budget.h"
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <functional>

@@ -1,7 +1,7 @@
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "qelvrml/platform/brixex/textures/CKelTextureManager.h"
+#include "support/Model.h"
 
 namespace {
 
@@ -16,6 +16,17 @@ TEST(TextureManager, WhatItRefusesStaysWithItsOwner) {
   EXPECT_FALSE(manager.RegisterTextureCoordinate(nullptr));
   CKelTextureCoordinate second;
   EXPECT_FALSE(manager.RegisterTextureCoordinate(&second)) << "the object has a texture";
+}
+
+TEST(TextureManager, AlternatePathsStayInTheirFolder) {
+  const TemporaryFolder folder;
+  folder.Write("a.png", "x");
+  folder.Write("sub/deep/b.png", "x");
+  CKelTextureManager manager;
+  manager.AddAlternatePath((folder.Path() / "sub").c_str());
+  EXPECT_GT(manager.FindTextureFilenameUsingAlternatePaths("deep/b.png").GetLength(), 0);
+  for (const char* outside : {"../a.png", "deep/../../a.png", "..\\a.png"})
+    EXPECT_EQ(manager.FindTextureFilenameUsingAlternatePaths(outside).GetLength(), 0) << outside;
 }
 
 }  // namespace
