@@ -3,7 +3,7 @@
 #include <memory>
 #include <new>
 
-#include "qelvrml/platform/brix/polygons/PlanarGeometry.h"
+#include "qelvrml/platform/brix/polygons/LoopGroups.h"
 
 namespace {
 

@@ -13,7 +13,8 @@ public:
   /// Copies the loop; its last point may be the first one again.
   void AddLoop(const brixFloatPointArray& loop);
   /// Finds out which loop is a hole of which: loops at even nesting depth are outlines, those directly inside them
-  /// their holes. A loop without area is dropped, crossing loops are made valid first. False if nothing is left.
+  /// their holes. A loop without area is dropped; where loops cross, the areas between them alternate from outside to
+  /// inside. False if nothing is left, as with more than 32,768 crossings.
   bool DetermineInteriorExteriorLoops();
   /// Appends the polygons to the list; the caller owns them.
   void CreateCompPolyList(CKelList& polygons);

@@ -1,20 +1,29 @@
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <limits>
 #include <memory>
+#include <string>
+#include <vector>
 
+#include "qelvrml/platform/brix/polygons/LoopGroups.h"
 #include "qelvrml/platform/brix/polygons/brixComplexPolygon.h"
 #include "qelvrml/platform/brixex/CKelCpGenerator.h"
-#include "support/Arrays.h"
+#include "qelvrml/platform/brixex/brixMatrixFunctions.h"
 
 namespace {
 
-brixFloatPointArray Square(float x, float y, float side, bool closed = true) {
-  std::vector<brixFloatPoint> points = {{x, y, 0}, {x + side, y, 0}, {x + side, y + side, 0}, {x, y + side, 0}};
-  if (closed) points.push_back(points.front());
-  return Points(points);
+struct Corner {
+  float X;
+  float Y;
+};
+using Loop = std::vector<Corner>;
+
+Loop Rectangle(float x, float y, float width, float height) {
+  return {{x, y}, {x + width, y}, {x + width, y + height}, {x, y + height}, {x, y}};
 }
+
+Loop Square(float x, float y, float side) { return Rectangle(x, y, side, side); }
 
 struct Polygons {
   std::size_t Count = 0;
@@ -24,9 +33,13 @@ struct Polygons {
 };
 
 // What the generator makes of loops; areas of triangles that don't run counter-clockwise count negative.
-Polygons Generate(const std::vector<brixFloatPointArray>& loops) {
+Polygons Generate(const std::vector<Loop>& loops, float scale = 1.0F) {
   CKelCpGenerator generator;
-  for (const brixFloatPointArray& loop : loops) generator.AddLoop(loop);
+  for (const Loop& loop : loops) {
+    brixFloatPointArray points;
+    for (const auto& [x, y] : loop) points.Append({x * scale, y * scale, 0});
+    generator.AddLoop(points);
+  }
   generator.DetermineInteriorExteriorLoops();
   CKelList list;
   generator.CreateCompPolyList(list);
@@ -38,8 +51,10 @@ Polygons Generate(const std::vector<brixFloatPointArray>& loops) {
     ++result.Count;
     result.Holes += polygon->GetHoles().size();
     result.Triangles += static_cast<std::size_t>(output.TriangleCount);
-    const auto at = [&output](int corner) {
-      return output.Points.View()[static_cast<std::size_t>(output.Corners.View()[static_cast<std::size_t>(corner)])];
+    const auto at = [&](int corner) {
+      const brixFloatPoint& p =
+          output.Points.View()[static_cast<std::size_t>(output.Corners.View()[static_cast<std::size_t>(corner)])];
+      return brixFloatPoint(p.x / scale, p.y / scale, 0);
     };
     for (int i = 0; i < 3 * output.TriangleCount; i += 3) {
       result.Area += CrossProduct(brixVector(at(i), at(i + 1)), brixVector(at(i), at(i + 2))).z / 2.0;
@@ -53,7 +68,8 @@ TEST(ComplexPolygon, NestedLoopsAlternate) {
   const Polygons plain = Generate({Square(0, 0, 10)});
   EXPECT_EQ(plain.Triangles, 2U);
   EXPECT_DOUBLE_EQ(plain.Area, 100.0);
-  const Polygons nested = Generate({Square(4, 4, 2), Square(0, 0, 10, false), Square(2, 2, 6), Square(20, 0, 1)});
+  const Polygons nested =
+      Generate({Square(4, 4, 2), {{0, 0}, {10, 0}, {10, 10}, {0, 10}}, Square(2, 2, 6), Square(20, 0, 1)});
   EXPECT_EQ(nested.Count, 3U);
   EXPECT_EQ(nested.Holes, 1U);
   EXPECT_EQ(nested.Triangles, 8U + 2U + 2U);
@@ -65,14 +81,91 @@ TEST(ComplexPolygon, NestedLoopsAlternate) {
   EXPECT_NEAR(holes.Area, 100 - 4 - 9 - 4, 1e-6);
 }
 
-TEST(ComplexPolygon, LoopsThatCrossOrHaveNoArea) {
-  EXPECT_NEAR(Generate({Points({{0, 0, 0}, {2, 2, 0}, {2, 0, 0}, {0, 2, 0}})}).Area, 2.0, 1e-6)
-      << "a symmetrical bow tie";
-  EXPECT_EQ(Generate({Points({{0, 0, 0}, {1, 1, 0}, {2, 2, 0}, {0, 0, 0}})}).Count, 0U) << "all on a line";
-  EXPECT_EQ(Generate({Points({{0, 0, 0}, {1, 1, 0}}), Points({}), Points({{5, 5, 0}, {5, 5, 0}, {5, 5, 0}})}).Count,
-            0U);
+TEST(ComplexPolygon, AreasOfCrossingLoopsAlternate) {
+  const double pi = std::acos(-1.0);
+  Loop star;
+  for (const int i : {0, 2, 4, 1, 3, 0}) {
+    star.push_back({static_cast<float>(std::cos(i * 0.4 * pi)), static_cast<float>(std::sin(i * 0.4 * pi))});
+  }
+  // Five triangles with angles of 36, 72 and 72 degrees on the sides of a pentagon of the radius 1 / golden ratio^2.
+  const double side = (3.0 - std::sqrt(5.0)) * std::sin(0.2 * pi);
+  const double tips = 5.0 * side * side / 4.0 * std::tan(0.4 * pi);
+  const Loop square = Square(0, 0, 4);
+  const struct {
+    std::string Name;
+    std::vector<Loop> Loops;
+    std::size_t Count;
+    std::size_t Holes;
+    double Area;
+  } rows[] = {
+      {"bow tie", {{{0, 0}, {2, 2}, {2, 0}, {0, 2}}}, 2, 0, 2},
+      {"pentagram", {star}, 5, 0, tips},
+      {"corner in corner", {Square(0, 0, 2), Square(1, 1, 2)}, 2, 0, 4 + 4 - 2 * 1},
+      {"across a side", {square, Square(3, 1, 2)}, 2, 0, 16 + 4 - 2 * 2},
+      {"a fifth of its height inside",  // 2.5 in all, of which the part outside is 16 / 25
+       {{{4, 4}, {1, 2}, {2, 1}, {4, 4}}, {{0, 0}, {4, 0}, {0, 4}, {0, 0}}},
+       2,
+       0,
+       8 + 2.5 - 2 * 0.9},
+      {"along a side, inside", {square, Rectangle(0, 1, 2, 2)}, 1, 0, 16 - 4},
+      {"along a side, outside", {square, Rectangle(4, 0, 2, 4)}, 1, 0, 16 + 8},
+      {"half of a square out", {square, {{0, 0}, {4, 4}, {4, 0}}}, 1, 0, 8},
+      {"hole at a corner", {square, {{0, 0}, {2, 1}, {1, 2}}}, 1, 1, 16 - 1.5},
+      {"hole at an inward corner",
+       {{{4, 4}, {2.5F, 3}, {3, 3}, {2, 0}, {0, 2}, {0, 3}}, {{1, 2}, {2.5F, 3}, {2, 3}}},
+       1,
+       1,
+       6.75 - 0.25},
+      {"twice the same", {square, square}, 0, 0, 0},
+      {"out and back", {{{0, 0}, {4, 0}, {4, 4}, {4, 0}}}, 0, 0, 0},
+  };
+  for (const auto& row : rows) {
+    for (const float scale : {1.0F}) {
+      const Polygons result = Generate(row.Loops, scale);
+      EXPECT_NEAR(result.Area, row.Area, 1e-5) << row.Name << " at " << scale;
+      EXPECT_EQ(result.Count, row.Count) << row.Name << " at " << scale;
+      EXPECT_EQ(result.Holes, row.Holes) << row.Name << " at " << scale;
+    }
+  }
+}
+
+// The point at a third of the side is a little outside, the one at two thirds a little inside.
+TEST(ComplexPolygon, PointsThatRoundingPutsBesideASide) {
+  const Loop outline = {{0, 0}, {3, 1}, {0, 4}};
+  EXPECT_NEAR(Generate({outline, {{1, 0.3333333F}, {2, 0.6666667F}, {1, 2}}}).Area, 6 - 5 / 6.0, 1e-5);
+}
+
+// Each of the bars upright crosses each of those across in four points.
+TEST(ComplexPolygon, TooManyCrossingsGiveNothing) {
+  const std::size_t upright = 64;
+  const std::size_t across = qelvrml::MaximumCrossings / (4 * upright);
+  std::vector<Loop> loops(upright + across);
+  for (std::size_t i = 0; i < upright; ++i) loops[i] = Rectangle(static_cast<float>(2 * i), -1, 1, 1000);
+  for (std::size_t i = 0; i < across; ++i) loops[upright + i] = Rectangle(-1, static_cast<float>(2 * i), 200, 1);
+  EXPECT_NEAR(Generate(loops).Area, static_cast<double>(upright * 1000 + across * 200 - 2 * upright * across), 1.0);
+  loops.push_back(Rectangle(-1, static_cast<float>(2 * across), 200, 1));
+  EXPECT_EQ(Generate(loops).Count, 0U);
+
+  loops.resize(4000);
+  for (std::size_t i = 0; i < loops.size(); ++i) {
+    const auto x = static_cast<float>(i);
+    loops[i] = {{x, 0}, {x + 0.5F, 0}, {x + 10000.5F, 10000}, {x + 10000, 10000}};
+  }
+  EXPECT_EQ(Generate(loops).Count, 0U) << "long bars that all lie near each other";
+}
+
+TEST(ComplexPolygon, LoopsWithoutAreaOrPlaceAreDropped) {
   const float infinite = std::numeric_limits<float>::infinity();
-  EXPECT_EQ(Generate({Points({{0, 0, 0}, {infinite, 1, 0}, {2, 2, 0}}), Square(0, 0, 1)}).Count, 1U);
+  const float nan = std::numeric_limits<float>::quiet_NaN();
+  for (const Loop& loop : std::vector<Loop>{{},
+                                            {{0, 0}, {1, 1}},
+                                            {{5, 5}, {5, 5}, {5, 5}},
+                                            {{0, 0}, {1, 1}, {2, 2}, {0, 0}},
+                                            {{0, 0}, {infinite, 1}, {2, 2}},
+                                            {{0, 0}, {1, nan}, {2, 2}}}) {
+    EXPECT_EQ(Generate({loop}).Count, 0U);
+    EXPECT_EQ(Generate({loop, Square(0, 0, 1)}).Area, 1.0);
+  }
   EXPECT_EQ(brixComplexPolygon({}, {}).Evaluate(nullptr), brixEFailed);
 }
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <array>
-#include <span>
 #include <vector>
 
 #include "qelvrml/platform/brix/brixArrays.h"
@@ -15,16 +14,13 @@ using PlanarRing = std::vector<PlanarPoint>;
 /// The points seen along the Z axis.
 PlanarRing ToRing(const brixFloatPointArray& points);
 
+bool IsFinite(const PlanarRing& ring);
+
 /// An outline with the holes directly inside it.
 struct PlanarPolygon {
   PlanarRing Outline;
   std::vector<PlanarRing> Holes;
 };
-
-/// Groups loops into outlines with their holes: those at even nesting depth are outlines, those directly inside them
-/// their holes. Loops without area are dropped; loops that cross themselves or each other are made valid first. A loop
-/// may repeat its first point at the end.
-std::vector<PlanarPolygon> GroupLoops(std::span<const PlanarRing> loops);
 
 /// Triangulates an outline with holes. Three indices for each triangle, counter-clockwise, into the points of the
 /// outline and the holes laid end to end. Empty when there is no triangulation.
