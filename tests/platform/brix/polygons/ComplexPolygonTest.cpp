@@ -120,7 +120,7 @@ TEST(ComplexPolygon, AreasOfCrossingLoopsAlternate) {
       {"out and back", {{{0, 0}, {4, 0}, {4, 4}, {4, 0}}}, 0, 0, 0},
   };
   for (const auto& row : rows) {
-    for (const float scale : {1.0F}) {
+    for (const float scale : {1.0F, 1e-6F}) {
       const Polygons result = Generate(row.Loops, scale);
       EXPECT_NEAR(result.Area, row.Area, 1e-5) << row.Name << " at " << scale;
       EXPECT_EQ(result.Count, row.Count) << row.Name << " at " << scale;

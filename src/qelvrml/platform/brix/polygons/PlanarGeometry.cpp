@@ -6,6 +6,7 @@
 #include <bit>
 #include <cmath>
 #include <cstdint>
+#include <limits>
 #include <unordered_map>
 #include <utility>
 
@@ -24,6 +25,24 @@ double SignedArea(std::span<const PlanarPoint> ring) {
   return area / 2.0;
 }
 
+template <typename Visitor>
+void ForEachPoint(PlanarPolygon& polygon, const Visitor& visit) {
+  for (PlanarPoint& point : polygon.Outline) visit(point);
+  for (PlanarRing& hole : polygon.Holes) {
+    for (PlanarPoint& point : hole) visit(point);
+  }
+}
+
+// The polygon at a size at which the geometry library's fixed tolerances don't matter. A power of two rounds nothing.
+PlanarPolygon Enlarge(PlanarPolygon polygon) {
+  constexpr int wanted = 24;
+  double largest = std::numeric_limits<float>::min();
+  ForEachPoint(polygon, [&](const PlanarPoint& p) { largest = std::max({largest, std::fabs(p[0]), std::fabs(p[1])}); });
+  const double factor = std::ldexp(1.0, wanted - std::ilogb(largest));
+  ForEachPoint(polygon, [&](PlanarPoint& p) { p = {p[0] * factor, p[1] * factor}; });
+  return polygon;
+}
+
 struct PointHash {
   std::size_t operator()(const PlanarPoint& p) const {
     const auto bits = [](double value) { return std::bit_cast<std::uint64_t>(value + 0.0); };  // one zero only
@@ -34,13 +53,10 @@ struct PointHash {
 
 using PointIndex = std::unordered_map<PlanarPoint, unsigned, PointHash>;
 
-PointIndex IndexPoints(const PlanarPolygon& polygon) {
+PointIndex IndexPoints(PlanarPolygon& polygon) {
   PointIndex index;
   unsigned next = 0;
-  for (const PlanarPoint& point : polygon.Outline) index.emplace(point, next++);
-  for (const PlanarRing& hole : polygon.Holes) {
-    for (const PlanarPoint& point : hole) index.emplace(point, next++);
-  }
+  ForEachPoint(polygon, [&](const PlanarPoint& point) { index.emplace(point, next++); });
   return index;
 }
 
@@ -63,11 +79,12 @@ std::vector<unsigned> TriangulatePolygon(const PlanarPolygon& polygon) {
   if (!IsFinite(polygon.Outline) || !std::all_of(polygon.Holes.begin(), polygon.Holes.end(), IsFinite)) return corners;
 
   const PlanarEngine engine;
-  const PlanarEngine::Geometry shape = engine.MakePolygon(polygon);
+  PlanarPolygon enlarged = Enlarge(polygon);
+  const PlanarEngine::Geometry shape = engine.MakePolygon(enlarged);
   if (!shape || GEOSisValid_r(engine.Get(), shape.get()) != 1) return corners;
   const PlanarEngine::Geometry triangles =
       engine.Own(GEOSConstrainedDelaunayTriangulation_r(engine.Get(), shape.get()));
-  const PointIndex index = IndexPoints(polygon);
+  const PointIndex index = IndexPoints(enlarged);
   for (const GEOSGeometry* triangle : engine.PartsOf(triangles)) {
     PlanarRing ring = engine.ReadPolygon(triangle).Outline;
     if (ring.size() != 3) continue;
