@@ -71,7 +71,10 @@ std::vector<Shape> Shapes() {
       Points({{1, 1, 3}, {1, 1, 0}, {-1, 1, 3}, {-1, 1, 0}, {-1, -1, 3}, {-1, -1, 0}, {1, -1, 3}, {1, -1, 0}});
   brixFloatPointArray strips;
   for (const int count : {3, 5, 3}) {
-    for (int i = 0; i < count; ++i) strips.Append({static_cast<float>(i % 2), static_cast<float>(i / 2), 3});
+    for (int i = 0; i < count; ++i) {
+      const int row = i / 2;
+      strips.Append({static_cast<float>(i % 2), static_cast<float>(row), 3});
+    }
   }
   const brixFloatPointArray grid = Points({{0, 0, 3}, {1, 0, 3}, {3, 0, 3}, {0, 2, 3}, {1, 2, 3}, {3, 2, 3}});
   const brixFloatPointArray corner = Points({{0, 0, 0}, {1, 0, 0}, {0, 1, 0}, {0, 0, 1}});

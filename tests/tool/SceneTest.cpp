@@ -26,7 +26,7 @@ std::string Difference(const Json& expected, const Json& actual, const std::stri
   if (expected.type() != actual.type() || expected.size() != actual.size()) return place + ": another size";
   for (const auto& [key, value] : expected.items()) {
     const Json& other = actual.is_array() ? actual[std::stoul(key)] : actual.value(key, Json{});
-    const std::string difference = Difference(value, other, place + "/" + key);
+    std::string difference = Difference(value, other, place + "/" + key);
     if (!difference.empty()) return difference;
   }
   return {};

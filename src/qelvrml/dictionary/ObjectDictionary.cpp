@@ -13,8 +13,6 @@
 
 namespace {
 
-using qelvrml::ParserInternals;
-
 template <class Item>
 bool Contains(const std::vector<const Item*>& items, const Item* item) {
   return std::find(items.begin(), items.end(), item) != items.end();

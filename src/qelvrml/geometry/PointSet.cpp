@@ -48,7 +48,7 @@ bool CVRMLParser::DefinePointSet(int startIndex, int numPoints) {
   const int lastIndex = static_cast<int>(points.GetSize()) - 1;
   const int first = std::clamp(startIndex, 0, lastIndex);
   const auto last = static_cast<int>(std::min<std::int64_t>(std::int64_t{first} + numPoints - 1, lastIndex));
-  const auto count = static_cast<std::uint64_t>(last - first + 1);
+  const auto count = static_cast<std::uint64_t>(last - first) + 1;
   if (!qelvrml::CanMake(*this, {.Objects = count, .Points = count})) return false;
   for (int i = first; i <= last; ++i) {
     std::unique_ptr<brixDot> dot(new (std::nothrow) brixDot);

@@ -5,14 +5,12 @@
 #include "qelvrml/dictionary/Recording.h"
 #include "qelvrml/foundation/ScopedValue.h"
 #include "qelvrml/parser/load/LoadState.h"
-#include "qelvrml/parser/load/ParserInternals.h"
 #include "qelvrml/parser/reading/NodeReader.h"
 #include "qelvrml/parser/reading/PassingOver.h"
 #include "qelvrml/scene/Scopes.h"
 
 namespace {
 
-using qelvrml::ParserInternals;
 using NodeParser = bool (CVRMLParser::*)();
 using Row = std::pair<VRMLTokenTypes, NodeParser>;
 
