@@ -14,7 +14,7 @@
 
 namespace {
 
-const std::string Square = "crossSection [ 1 1, 1 -1, -1 -1, -1 1, 1 1 ] ";
+const std::string SquareSection = "crossSection [ 1 1, 1 -1, -1 -1, -1 1, 1 1 ] ";
 const std::string Upright = "spine [ 0 0 0, 0 1 0 ] ";
 
 Model Sweep(const std::string& fields) { return Load20("Extrusion { " + fields + "}"); }
@@ -48,7 +48,7 @@ TEST(Extrusion, AClosedSpine) {
 }
 
 TEST(Extrusion, DataThatIsMissingIsAWarning) {
-  for (const std::string& fields : {Square, Upright, std::string("crossSection [ 1 1 1 ] ") + Upright}) {
+  for (const std::string& fields : {SquareSection, Upright, std::string("crossSection [ 1 1 1 ] ") + Upright}) {
     const Model model = Load20("Box {} Extrusion { " + fields + "}");
     EXPECT_EQ(model.Classes(), "brixBox") << fields;
     EXPECT_EQ(model.Result, VRMLLoadWarnings);
@@ -57,8 +57,8 @@ TEST(Extrusion, DataThatIsMissingIsAWarning) {
 }
 
 TEST(Extrusion, StrangeSpinesAndSections) {
-  EXPECT_EQ(SweepOpen(Square + "spine 1 2 3 ").Points(0).size(), 5U) << "one point has the tangent +Y";
-  EXPECT_EQ(SweepOpen(Square + "spine [ 0 0 0, 0 0 0, 0 0 0 ] ").Points(0).size(), 15U);
+  EXPECT_EQ(SweepOpen(SquareSection + "spine 1 2 3 ").Points(0).size(), 5U) << "one point has the tangent +Y";
+  EXPECT_EQ(SweepOpen(SquareSection + "spine [ 0 0 0, 0 0 0, 0 0 0 ] ").Points(0).size(), 15U);
   const Model point = Sweep("crossSection [ 1 1 ] " + Upright);
   EXPECT_EQ(point.Classes(), "CKelPolyMesh") << "no cap";
   EXPECT_EQ(point.Result, VRMLLoadFailed) << "the last cap's result is the node's";
@@ -67,7 +67,7 @@ TEST(Extrusion, StrangeSpinesAndSections) {
 }
 
 TEST(Cap, OpenAndClosedSections) {
-  for (const std::string& section : {Square, std::string("crossSection [ 1 1, 1 -1, -1 -1, -1 1 ] ")}) {
+  for (const std::string& section : {SquareSection, std::string("crossSection [ 1 1, 1 -1, -1 -1, -1 1 ] ")}) {
     const Model model = Sweep(section + Upright);
     ASSERT_EQ(model.Classes(), "CKelPolyMesh CKelPolyface CKelPolyface");
     for (const std::size_t cap : {1U, 2U}) {
@@ -111,7 +111,7 @@ TEST(Cap, HolesAndNeighbours) {
 }
 
 TEST(Cap, ATiltedCapLiesInItsPlane) {
-  const Model model = Sweep(Square + "endCap FALSE spine [ 1 2 3, 2 3 4 ] ");
+  const Model model = Sweep(SquareSection + "endCap FALSE spine [ 1 2 3, 2 3 4 ] ");
   ASSERT_EQ(model.Size(), 2U);
   EXPECT_NEAR(model.Area(1), 4.0, 1e-4);
   for (const brixFloatPoint& p : model.Points(1)) EXPECT_NEAR(p.x + p.y + p.z, 6.0, 1e-4);

@@ -6,7 +6,7 @@
 
 namespace {
 
-const std::string Square = "Coordinate3 { point [ 0 0 0, 1 0 0, 1 1 0, 0 1 0, 9 9 9 ] } ";
+const std::string Plate = "Coordinate3 { point [ 0 0 0, 1 0 0, 1 1 0, 0 1 0, 9 9 9 ] } ";
 const std::string Colours = "Material { diffuseColor [ 1 0 0, 0 1 0, 0 0 1, 1 1 0, 0 1 1, 1 0 1 ] } ";
 
 std::vector<int> Faces(const Model& model, std::size_t index) {
@@ -16,7 +16,7 @@ std::vector<int> Faces(const Model& model, std::size_t index) {
 
 TEST(IndexedSet, FacesAreOneObjectOverTheirPoints) {
   const Model model = Load(
-      Square + "IndexedFaceSet { coordIndex [ 3, 2, 1, -1, -1, 3, 1, 0 ] } IndexedFaceSet { coordIndex [ 4 0 1 ] }");
+      Plate + "IndexedFaceSet { coordIndex [ 3, 2, 1, -1, -1, 3, 1, 0 ] } IndexedFaceSet { coordIndex [ 4 0 1 ] }");
   ASSERT_EQ(model.Classes(), "CKelPolyface CKelPolyface");
   EXPECT_EQ(Faces(model, 0), (std::vector<int>{3, 3, 2, 1, 3, 3, 1, 0}));
   EXPECT_EQ(model.Points(0).size(), 4U) << "the point that no index names is gone";
@@ -26,7 +26,7 @@ TEST(IndexedSet, FacesAreOneObjectOverTheirPoints) {
 
 TEST(IndexedSet, FieldsDecideOnTheResult) {
   const std::string faces = "coordIndex [ 0 1 2 ] ";
-  const auto count = [](const std::string& fields) { return Load(Square + "IndexedFaceSet { " + fields + "}").Size(); };
+  const auto count = [](const std::string& fields) { return Load(Plate + "IndexedFaceSet { " + fields + "}").Size(); };
   EXPECT_EQ(count(faces), 1U);
   EXPECT_EQ(count(faces + "materialIndex [ ] "), 0U) << "the last field has failed";
   EXPECT_EQ(count(faces + "normalIndex [ 0 1 ] solid FALSE ccw TRUE creaseAngle 0.5 "), 1U);
@@ -74,7 +74,7 @@ TEST(IndexedSet, MaterialsOfParts) {
         Case{"PER_PART_INDEXED", "", {1, 0, 0, 1}, {1, 0, 0, 1}}}) {
     SCOPED_TRACE(binding + indices);
     const Model model =
-        Load(Square + Colours + "MaterialBinding { value " + binding + " } IndexedFaceSet { " + indices + faces + "}");
+        Load(Plate + Colours + "MaterialBinding { value " + binding + " } IndexedFaceSet { " + indices + faces + "}");
     ASSERT_EQ(model.Classes(), "CKelPolygon CKelPolygon");
     EXPECT_THAT(model.Diffuse(0), IsColour(first.red, first.green, first.blue));
     EXPECT_THAT(model.Diffuse(1), IsColour(second.red, second.green, second.blue));
@@ -84,10 +84,10 @@ TEST(IndexedSet, MaterialsOfParts) {
 // A run that names a point outside is left out, and the counters go on as if it stood.
 TEST(IndexedSet, RunsOutsideThePointsAreLeftOut) {
   const std::string runs = "coordIndex [ 0 1 2 -1 0 1 77 -1 0 -5 2 -1 0 2 3 -1 ] ";
-  const Model faces = Load(Square + "IndexedFaceSet { " + runs + "}");
+  const Model faces = Load(Plate + "IndexedFaceSet { " + runs + "}");
   ASSERT_EQ(faces.Size(), 1U);
   EXPECT_EQ(Faces(faces, 0), (std::vector<int>{3, 0, 1, 2, 3, 0, 2, 3}));
-  const Model parts = Load(Square + Colours + "MaterialBinding { value PER_FACE } IndexedFaceSet { " + runs + "}");
+  const Model parts = Load(Plate + Colours + "MaterialBinding { value PER_FACE } IndexedFaceSet { " + runs + "}");
   ASSERT_EQ(parts.Size(), 2U);
   EXPECT_THAT(parts.Diffuse(1), IsColour(1, 1, 0)) << "the fourth part";
   EXPECT_EQ(Load("IndexedLineSet { coordIndex [ 0 1 ] } Cube {}").Classes(), "brixBox") << "no coordinates at all";
