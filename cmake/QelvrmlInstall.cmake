@@ -7,10 +7,7 @@ install(TARGETS qelvrml EXPORT qelvrml-targets
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 install(EXPORT qelvrml-targets NAMESPACE qelvrml:: DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/qelvrml)
 
-# Headers of other names are internal.
-file(GLOB_RECURSE headers CONFIGURE_DEPENDS RELATIVE ${CMAKE_CURRENT_SOURCE_DIR}/src src/qelvrml/*.h)
-list(FILTER headers INCLUDE REGEX "/(C[A-Z]|brix|VRML|Generic)[^/]*[.]h$")
-foreach(header IN LISTS headers)
+foreach(header IN LISTS QELVRML_HEADERS)
   cmake_path(GET header PARENT_PATH folder)
   install(FILES src/${header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${folder})
 endforeach()
