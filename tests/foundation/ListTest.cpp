@@ -9,6 +9,8 @@
 #include "qelvrml/foundation/CBasicListIterator.h"
 #include "qelvrml/foundation/CBasicMap.h"
 #include "qelvrml/platform/brix/brixFloatPoint.h"
+#include "qelvrml/platform/brix/brixMaterial.h"
+#include "qelvrml/platform/brix/brixVector.h"
 #include "qelvrml/platform/brixex/CKelList.h"
 
 namespace {
@@ -155,6 +157,32 @@ TEST(List, CopiesValuesButNotPointers) {
   CKelList pointers;
   Fill(pointers, 2);
   EXPECT_EQ(CKelList(pointers).GetCount(), 0);
+}
+
+template <class Value, class Part>
+void ExpectFoundByAllParts(void (CKelList::*setType)(), const std::vector<Part Value::*>& parts) {
+  CKelList list;
+  (list.*setType)();
+  Value value;
+  EXPECT_TRUE(list.AddTailValue(&value));
+  for (const auto part : parts) {
+    Value other = value;
+    other.*part = 0.5F;
+    EXPECT_FALSE(list.FindElement(&other));
+  }
+  EXPECT_TRUE(list.RemoveValue(&value));
+}
+
+TEST(List, FindsTheValueThatIsTheSameInAllItsParts) {
+  using Point = brixFloatPoint;
+  using Pair = brix2DFloatPoint;
+  using Colour = brixChroma;
+  ExpectFoundByAllParts<Point>(&CKelList::SetListTypePoint, std::vector{&Point::x, &Point::y, &Point::z});
+  ExpectFoundByAllParts<brixVector>(&CKelList::SetListTypeVector,
+                                    std::vector{&brixVector::x, &brixVector::y, &brixVector::z});
+  ExpectFoundByAllParts<Pair>(&CKelList::SetListType2DPoint, std::vector{&Pair::x, &Pair::y});
+  ExpectFoundByAllParts<Colour>(&CKelList::SetListTypeColor,
+                                std::vector{&Colour::red, &Colour::green, &Colour::blue, &Colour::alpha});
 }
 
 TEST(Map, FindsByTheYoungestKey) {

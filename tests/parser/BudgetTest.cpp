@@ -30,8 +30,8 @@ brixDoubleArray Heights(int count) {
   return heights;
 }
 
-/// How many objects an operation makes that may make things for so many bytes.
-int MadeWithin(std::uint64_t bytes, const std::function<void(CVRMLParser&)>& make) {
+/// How many objects an operation makes that may make things for so many bytes. Its result tells whether it made any.
+int MadeWithin(std::uint64_t bytes, const std::function<bool(CVRMLParser&)>& make) {
   CKelWorld world;
   CVRMLParser parser;
   parser.SetWorld(&world);
@@ -39,8 +39,9 @@ int MadeWithin(std::uint64_t bytes, const std::function<void(CVRMLParser&)>& mak
   parser.DefineCoordinate3(FivePoints());
   const qelvrml::LoadRun run(parser);
   EXPECT_TRUE(qelvrml::ParserInternals::Load(parser).Made.Spend(qelvrml::BytesMadeOfAnyFile - bytes));
-  make(parser);
+  const bool result = make(parser);
   parser.PopSeparator();
+  EXPECT_EQ(result, world.GetNumObjects() > 0);
   return world.GetNumObjects();
 }
 
@@ -50,36 +51,36 @@ TEST(Budget, EveryNodePaysForWhatItMakes) {
     const char* Name;
     std::uint64_t Cost;
     int Objects;
-    std::function<void(CVRMLParser&)> Make;
+    std::function<bool(CVRMLParser&)> Make;
   };
   const std::vector<Case> cases = {
-      {"box", 512 + 8 * 12, 1, [](CVRMLParser& p) { p.DefineCube(1, 1, 1); }},
-      {"sphere", 512, 1, [](CVRMLParser& p) { p.DefineSphere(1); }},
-      {"cone", 2 * 512, 2, [](CVRMLParser& p) { p.DefineCone(1, 1, true, true); }},
-      {"cylinder", 3 * 512, 3, [](CVRMLParser& p) { p.DefineCylinder(1, 1); }},
-      {"points", 4 * (512 + 12), 4, [](CVRMLParser& p) { p.DefinePointSet(1, 1'000'000'000); }},
-      {"strips", 512 + 5 * 12 + 4, 1, [](CVRMLParser& p) { p.DefineTriangleStripSet(Indices({5})); }},
+      {"box", 512 + 8 * 12, 1, [](CVRMLParser& p) { return p.DefineCube(1, 1, 1); }},
+      {"sphere", 512, 1, [](CVRMLParser& p) { return p.DefineSphere(1); }},
+      {"cone", 2 * 512, 2, [](CVRMLParser& p) { return p.DefineCone(1, 1, true, true); }},
+      {"cylinder", 3 * 512, 3, [](CVRMLParser& p) { return p.DefineCylinder(1, 1); }},
+      {"points", 4 * (512 + 12), 4, [](CVRMLParser& p) { return p.DefinePointSet(1, 1'000'000'000); }},
+      {"strips", 512 + 5 * 12 + 4, 1, [](CVRMLParser& p) { return p.DefineTriangleStripSet(Indices({5})); }},
       {"faces", 4 * 4 + 512 + 3 * 12, 1,
        [](CVRMLParser& p) {
-         p.DefineIndexedSet(true, Indices({3, 0, 1, 2}), {}, {});
+         return p.DefineIndexedSet(true, Indices({3, 0, 1, 2}), {}, {});
        }},
       {"lines", 5 * 4 + 2 * 512 + 3 * 12, 2,
        [](CVRMLParser& p) {
-         p.DefineIndexedSet(false, Indices({2, 0, 1, 1, 2}), {}, {});
+         return p.DefineIndexedSet(false, Indices({2, 0, 1, 1, 2}), {}, {});
        }},
-      {"mesh", 512 + 6 * 12, 1, [](CVRMLParser& p) { p.DefineElevationGrid(true, Heights(6), 2, 1, 3, 1); }},
+      {"mesh", 512 + 6 * 12, 1, [](CVRMLParser& p) { return p.DefineElevationGrid(true, Heights(6), 2, 1, 3, 1); }},
       {"grid lines", 5 * 512 + 12 * 12, 5,
-       [](CVRMLParser& p) { p.DefineElevationGrid(false, Heights(6), 2, 1, 3, 1); }},
+       [](CVRMLParser& p) { return p.DefineElevationGrid(false, Heights(6), 2, 1, 3, 1); }},
       {"replay", 64 + 512 + 8 * 12, 1,
        [](CVRMLParser& p) {
          CVRMLDictionaryCube cube;
-         p.ServiceDictionaryObject(&cube);
+         return p.ServiceDictionaryObject(&cube);
        }},
       {"replayed points", 64 + 5 * (512 + 12), 5,
        [](CVRMLParser& p) {
          CVRMLDictionaryPointSet set;
          set.SetNumPoints(1'000'000'000);
-         p.ServiceDictionaryObject(&set);
+         return p.ServiceDictionaryObject(&set);
        }},
   };
   for (const Case& node : cases) {
