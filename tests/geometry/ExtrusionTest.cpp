@@ -63,6 +63,8 @@ TEST(Extrusion, StrangeSpinesAndSections) {
   EXPECT_EQ(point.Classes(), "CKelPolyMesh") << "no cap";
   EXPECT_EQ(point.Result, VRMLLoadFailed) << "the last cap's result is the node's";
   Sweep("crossSection [ 1 1, 2 2 ] " + Upright);
+  brixFloatPointArray none;
+  EXPECT_FALSE(CVRMLParser::GetExtrusionCrossSectionPoints(0, none, {}, {}, {}, {}, none));
   Sweep("crossSection [ 1e39 1, 2 2, 1 1e39, 1e39 1 ] spine [ 0 0 0, 1e39 1 0 ] ");
 }
 

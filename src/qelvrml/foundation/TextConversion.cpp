@@ -33,7 +33,7 @@ DecodedPoint DecodePoint(std::string_view text) {
   } else if (lead >= 0xF0 && lead <= 0xF4) {
     length = 4, point = lead & 0x07U, smallest = 0x10000;
   }
-  if (length == 0 || text.size() < length) return {0, 0};
+  if (text.size() < length) return {0, 0};
   for (std::size_t i = 1; i < length; ++i) {
     const auto byte = static_cast<unsigned char>(text[i]);
     if ((byte & 0xC0U) != 0x80U) return {0, 0};

@@ -24,31 +24,31 @@ enum class ValueForms : unsigned char { None, List, Single, Tuple, Image, Nodes 
 
 struct ValueForm {
   ValueForms Form;
-  int Numbers;  ///< of a tuple
+  int Numbers = 0;  ///< of a tuple
 };
 
 // By field type.
 constexpr std::array<ValueForm, 20> Forms = {{
-    {ValueForms::None, 0},    // unknown
-    {ValueForms::List, 0},    // SFBITMASK
-    {ValueForms::Single, 0},  // SFBOOL
+    {ValueForms::None},       // unknown
+    {ValueForms::List},       // SFBITMASK
+    {ValueForms::Single},     // SFBOOL
     {ValueForms::Tuple, 3},   // SFCOLOR
-    {ValueForms::List, 0},    // MFCOLOR
-    {ValueForms::Single, 0},  // SFENUM
-    {ValueForms::Single, 0},  // SFFLOAT
-    {ValueForms::List, 0},    // MFFLOAT
-    {ValueForms::Image, 0},   // SFIMAGE
-    {ValueForms::Single, 0},  // SFLONG
-    {ValueForms::List, 0},    // MFLONG
+    {ValueForms::List},       // MFCOLOR
+    {ValueForms::Single},     // SFENUM
+    {ValueForms::Single},     // SFFLOAT
+    {ValueForms::List},       // MFFLOAT
+    {ValueForms::Image},      // SFIMAGE
+    {ValueForms::Single},     // SFLONG
+    {ValueForms::List},       // MFLONG
     {ValueForms::Tuple, 16},  // SFMATRIX
     {ValueForms::Tuple, 4},   // SFROTATION
-    {ValueForms::Single, 0},  // SFSTRING
-    {ValueForms::List, 0},    // MFSTRING
+    {ValueForms::Single},     // SFSTRING
+    {ValueForms::List},       // MFSTRING
     {ValueForms::Tuple, 2},   // SFVEC2F
-    {ValueForms::List, 0},    // MFVEC2F
+    {ValueForms::List},       // MFVEC2F
     {ValueForms::Tuple, 3},   // SFVEC3F
-    {ValueForms::List, 0},    // MFVEC3F
-    {ValueForms::Nodes, 0},   // MFNODE
+    {ValueForms::List},       // MFVEC3F
+    {ValueForms::Nodes},      // MFNODE
 }};
 static_assert(Forms[VRMLFieldSFMATRIX].Numbers == 16 && Forms[VRMLFieldMFNODE].Form == ValueForms::Nodes);
 
