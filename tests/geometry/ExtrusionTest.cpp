@@ -61,6 +61,7 @@ TEST(Extrusion, StrangeSpinesAndSections) {
   EXPECT_EQ(SweepOpen(SquareSection + "spine [ 0 0 0, 0 0 0, 0 0 0 ] ").Points(0).size(), 15U);
   const Model point = Sweep("crossSection [ 1 1 ] " + Upright);
   EXPECT_EQ(point.Classes(), "CKelPolyMesh") << "no cap";
+  EXPECT_EQ(point.Points(0).size(), 2U);
   EXPECT_EQ(point.Result, VRMLLoadFailed) << "the last cap's result is the node's";
   Sweep("crossSection [ 1 1, 2 2 ] " + Upright);
   brixFloatPointArray none;

@@ -26,6 +26,8 @@ TEST(FileInterface, ReadsTheBeginningAndTheWhole) {
   file.Close();
   file.Close();
   EXPECT_EQ(file.Read(start, 4) + file.GetFileSize(), 0);
+  EXPECT_TRUE(file.Open(folder.Write("empty", "").c_str()));
+  EXPECT_EQ(file.GetFileSize(), 0);
 }
 
 // A pipe would make the host wait for its other end.
