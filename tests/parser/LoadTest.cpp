@@ -166,9 +166,12 @@ TEST(Load, CopiesOwnNothingOfTheOriginal) {
   EXPECT_EQ(copy.GetObjectDictionary()->GetCount(), 0);
   CKelWorld world;
   const TemporaryFolder folder;
-  EXPECT_EQ(copy.Parse(&world, folder.Write("scene.wrl", "#VRML V1.0 ascii\nCube {}").c_str()), VRMLLoadOK);
+  const std::string path = folder.Write("scene.wrl", "#VRML V2.0 utf8\nPROTO P [] { Box {} } P {}");
+  EXPECT_EQ(copy.Parse(&world, path.c_str()), VRMLLoadOK);
   EXPECT_EQ(world.GetNumObjects(), 1);
   EXPECT_EQ(model.Size(), 1U);
+  copy = *model.Parser;
+  EXPECT_EQ(copy.GetPrototypeDictionary()->GetCount(), 0);
 }
 
 TEST(Load, WithoutAWorldNothingIsPlaced) {

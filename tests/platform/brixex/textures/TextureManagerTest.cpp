@@ -16,6 +16,8 @@ TEST(TextureManager, WhatItRefusesStaysWithItsOwner) {
   EXPECT_FALSE(manager.RegisterTextureCoordinate(nullptr));
   CKelTextureCoordinate second;
   EXPECT_FALSE(manager.RegisterTextureCoordinate(&second)) << "the object has a texture";
+  CKelTexture texture;
+  EXPECT_TRUE(texture.AllocatePixelArray(4) && !texture.AllocatePixelArray(~0U) && !texture.GetPixelArray());
 }
 
 TEST(TextureManager, AlternatePathsStayInTheirFolder) {
