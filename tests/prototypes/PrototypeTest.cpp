@@ -124,7 +124,7 @@ TEST(PrototypeField, StepsOfAMerge) {
   ASSERT_TRUE(prototype.ParseInstanceFields(text.c_str(), static_cast<int>(text.size()), values));
   EXPECT_FALSE(prototype.ParseInstanceFields(nullptr, 0, values));
   ASSERT_EQ(values.GetCount(), 2);
-  EXPECT_EQ(CVRMLPrototype::FindField("b", values)->GetValue(), "2");
+  EXPECT_EQ(CVRMLPrototypeField(*CVRMLPrototype::FindField("b", values)).GetValue(), "2") << "a copy has it too";
   EXPECT_EQ(prototype.FindField("B"), nullptr);
   prototype.MarkOverriddenFields(values);
   EXPECT_TRUE(prototype.FindField("b")->GetUsed());
