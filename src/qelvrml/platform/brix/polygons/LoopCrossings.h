@@ -18,8 +18,7 @@ enum class LoopContacts {
 LoopContacts FindContacts(std::span<const PlanarSegment> loops);
 
 /// For each point whether it lies inside an odd number of loops, by the even-odd rule within each loop too. No point
-/// may lie on a loop. Empty if it takes too many
-/// steps to find out.
+/// may lie on a loop. Empty if it takes too many steps to find out.
 std::vector<bool> FindInside(std::span<const PlanarSegment> loops, std::span<const PlanarPoint> points);
 
 }  // namespace qelvrml

@@ -14,8 +14,8 @@ public:
 
   const char* GetClassName() const override { return "CKelTriangleStrip"; }
   void Accept(brixObjectVisitor& visitor) const override;
-  void ApplyMatrixToGeometry(const brixMatrix4x4& matrix, brixBool updateBox) override;
   /// Given normals stay at right angles to the surface and get the length 1.
+  void ApplyMatrixToGeometry(const brixMatrix4x4& matrix, brixBool updateBox) override;
   brixBBox ComputeBBox() const override;
   brixEReturn Evaluate(double chordTolerance, brixEvaluation& result) const override;
 
