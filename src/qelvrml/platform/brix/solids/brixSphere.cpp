@@ -11,8 +11,8 @@ namespace {
 
 using Triple = std::array<double, 3>;
 
-constexpr double PoleSine =
-    1.0e-6;  // a parallel as small as this is the pole: half a turn in single precision ends behind it
+// A parallel as small as this is the pole: half a turn in single precision ends behind it.
+constexpr double PoleSine = 1.0e-6;
 
 Triple Sum(const brixVector& a, double fa, const brixVector& b, double fb) {
   return {a.x * fa + b.x * fb, a.y * fa + b.y * fb, a.z * fa + b.z * fb};
