@@ -18,6 +18,14 @@ TEST(Shape, TheOrderOfItsFieldsDoesNotMatter) {
   }
 }
 
+// The end of the inner appearance is known when the outer one, which holds it, is passed over.
+TEST(Shape, LongAppearancesInsideOneAnother) {
+  const std::string text(500, ' ');
+  const Model model = Load20("Shape { appearance Shape { appearance Shape { appearance x {" + text +
+                             "} geometry Box {} } geometry Cone {} } geometry Sphere {} } Cylinder {}");
+  EXPECT_EQ(model.Classes(), "brixBox brixCone brixDisk brixSphere brixCylinder brixDisk brixDisk");
+}
+
 TEST(Shape, EmptyAndUsedParts) {
   EXPECT_EQ(Load20("Shape { appearance NULL geometry Box {} } Sphere {}").Classes(), "brixBox brixSphere");
   EXPECT_EQ(Load20("Shape { geometry NULL } Sphere {}").Classes(), "brixSphere");

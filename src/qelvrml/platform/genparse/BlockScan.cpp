@@ -92,7 +92,10 @@ bool CGenericParser::FindBlockEnd(GenericTokenTypes open, GenericTokenTypes clos
   while (!openers.empty()) {
     if (!FindBlockToken(open, close, found)) return false;
     if (found == open) {
-      if (openers.size() < RememberedDepth) {
+      const auto inner = matching ? known.find(Reading.Position - 1) : known.end();
+      if (inner != known.end()) {
+        Reading.Position = inner->second;
+      } else if (openers.size() < RememberedDepth) {
         openers.push_back(Reading.Position - 1);
       } else {
         ++deeper;
