@@ -4,14 +4,23 @@
 #include <array>
 #include <cstring>
 #include <new>
+#include <string_view>
+
+#include "qelvrml/platform/genparse/Characters.h"
 
 namespace {
 
 // By the values of the types, from 1 on.
-constexpr std::array<const char*, 19> TypeNames = {
+constexpr std::array<std::string_view, 19> TypeNames = {
     "SFBITMASK", "SFBOOL",     "SFCOLOR",  "MFCOLOR",  "SFENUM",  "SFFLOAT", "MFFLOAT", "SFIMAGE", "SFLONG", "MFLONG",
     "SFMATRIX",  "SFROTATION", "SFSTRING", "MFSTRING", "SFVEC2F", "MFVEC2F", "SFVEC3F", "MFVEC3F", "MFNODE"};
 static_assert(TypeNames.size() == VRMLFieldMFNODE);
+
+// No locale plays a part.
+bool SameLetter(char16_t letter, char upper) {
+  constexpr char16_t AsciiEnd = 0x80;
+  return letter < AsciiEnd && qelvrml::ToUpperAscii(static_cast<char>(letter)) == upper;
+}
 
 }  // namespace
 
@@ -43,9 +52,11 @@ bool CVRMLPrototypeField::operator==(const CVRMLPrototypeField& other) const {
 }
 
 void CVRMLPrototypeField::SetTypeFromName(CBasicString& name) {
+  const std::u16string_view view = name.GetView();
+  const auto* found = std::find_if(TypeNames.begin(), TypeNames.end(), [view](std::string_view known) {
+    return std::equal(view.begin(), view.end(), known.begin(), known.end(), SameLetter);
+  });
   name.MakeUpper();
-  const auto* found =
-      std::find_if(TypeNames.begin(), TypeNames.end(), [&name](const char* known) { return name == known; });
   Type = found == TypeNames.end() ? VRMLFieldUnknown : static_cast<VRMLFieldTypes>(found - TypeNames.begin() + 1);
 }
 
