@@ -38,7 +38,7 @@ int MadeWithin(std::uint64_t bytes, const std::function<bool(CVRMLParser&)>& mak
   parser.DefineSeparator();
   parser.DefineCoordinate3(FivePoints());
   const qelvrml::LoadRun run(parser);
-  EXPECT_TRUE(qelvrml::ParserInternals::Load(parser).Made.Spend(qelvrml::BytesMadeOfAnyFile - bytes));
+  EXPECT_TRUE(qelvrml::ParserInternals::Load(parser).Made.Spend(qelvrml::BytesMadeOfAnyFile - bytes, 0));
   const bool result = make(parser);
   parser.PopSeparator();
   EXPECT_EQ(result, world.GetNumObjects() > 0);
@@ -91,13 +91,13 @@ TEST(Budget, EveryNodePaysForWhatItMakes) {
 
 TEST(Budget, GrowsWithTheInputAndTakesNothingThatIsTooMuch) {
   qelvrml::Budget budget;
-  EXPECT_FALSE(budget.Spend(qelvrml::BytesMadeOfAnyFile + 1));
-  EXPECT_FALSE(budget.Spend(~std::uint64_t{0}));
-  EXPECT_TRUE(budget.Spend(qelvrml::BytesMadeOfAnyFile));
-  EXPECT_FALSE(budget.Spend(1));
+  EXPECT_FALSE(budget.Spend(qelvrml::BytesMadeOfAnyFile + 1, 0));
+  EXPECT_FALSE(budget.Spend(~std::uint64_t{0}, 0));
+  EXPECT_TRUE(budget.Spend(qelvrml::BytesMadeOfAnyFile, 0));
+  EXPECT_FALSE(budget.Spend(1, 0));
   budget.AddInput(2);
-  EXPECT_TRUE(budget.Spend(512));
-  EXPECT_FALSE(budget.Spend(1));
+  EXPECT_TRUE(budget.Spend(512, 0));
+  EXPECT_FALSE(budget.Spend(1, 0));
 }
 
 TEST(Budget, HostsOutsideALoadHaveNone) {
@@ -115,6 +115,39 @@ TEST(Budget, ASmallFileCannotMultiplyItself) {
   EXPECT_EQ(model.Size(), 1048577U + 1U);
 }
 
+// What takes time is refused for want of steps alone, and behind it what takes fewer is made.
+TEST(Budget, TimeCountsAsWellAsMemory) {
+  CKelWorld world;
+  CVRMLParser parser;
+  parser.SetWorld(&world);
+  parser.DefineSeparator();
+  const qelvrml::LoadRun run(parser);
+  const std::uint64_t box = qelvrml::StepsOfAnObject + qelvrml::StepsOfASolid + 8 * qelvrml::StepsOfAPoint;
+  EXPECT_TRUE(qelvrml::ParserInternals::Load(parser).Made.Spend(0, qelvrml::StepsOfAnyFile - box));
+  EXPECT_FALSE(parser.DefineSphere(1));
+  EXPECT_TRUE(parser.DefineCube(1, 1, 1));
+  EXPECT_FALSE(parser.DefineCube(1, 1, 1));
+  qelvrml::ParserInternals::Load(parser).Made.AddInput(box / qelvrml::StepsOfAByte + 1);
+  EXPECT_TRUE(parser.DefineCube(1, 1, 1));
+}
+
+// The first reading of a file is its own payment; each later one is paid like expanded text.
+TEST(Budget, AFileThatIsReadAgainPays) {
+  const TemporaryFolder folder;
+  const std::string text = "#VRML V2.0 utf8\n" + std::string(1'000'000, ' ') + "Box {}";
+  const std::string path = folder.Write("part.wrl", text);
+  const std::uint64_t readings = 1 + qelvrml::StepsOfAnyFile / (text.size() * qelvrml::StepsOfAnExpandedByte);
+  CKelWorld world;
+  CVRMLParser parser;
+  parser.SetWorld(&world);
+  parser.DefineSeparator();
+  const qelvrml::LoadRun run(parser);
+  std::uint64_t done = 0;
+  while (parser.ParseSubfile(path.c_str())) ++done;
+  EXPECT_GT(done, readings * 9 / 10);
+  EXPECT_LE(done, readings + text.size() * qelvrml::StepsOfAByte / (text.size() * qelvrml::StepsOfAnExpandedByte));
+}
+
 // What a file makes in its subfiles is paid together, and their bytes count.
 TEST(Budget, SubfilesAddWhatTheyHold) {
   CKelWorld world;
@@ -125,7 +158,7 @@ TEST(Budget, SubfilesAddWhatTheyHold) {
   const std::string text = "#VRML V2.0 utf8\nSphere {} Sphere {}";  // 36 bytes: 9216
   const std::string path = folder.Write("part.wrl", text);
   const qelvrml::LoadRun run(parser);
-  EXPECT_TRUE(qelvrml::ParserInternals::Load(parser).Made.Spend(qelvrml::BytesMadeOfAnyFile));
+  EXPECT_TRUE(qelvrml::ParserInternals::Load(parser).Made.Spend(qelvrml::BytesMadeOfAnyFile, 0));
   EXPECT_FALSE(parser.DefineSphere(1));
   EXPECT_TRUE(parser.ParseSubfile(path.c_str()));
   int more = 0;

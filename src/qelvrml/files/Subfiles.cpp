@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "qelvrml/files/MissingFiles.h"
+#include "qelvrml/foundation/ScopedValue.h"
 #include "qelvrml/parser/load/LoadState.h"
 #include "qelvrml/parser/load/ParserInternals.h"
 #include "qelvrml/parser/reading/InputFrame.h"
@@ -42,6 +43,7 @@ bool ReadSubfile(CVRMLParser& parser, const CBasicString& path, bool noteIfMissi
   const LoadRun run(parser);
   LoadState& load = ParserInternals::Load(parser);
   if (load.FilesBeingRead.size() > MaximumSubfileNesting || load.SubfilesAskedFor >= MaximumSubfiles) return false;
+  if (!CanMake(parser, {.Steps = StepsOfASubfile})) return false;
   ++load.SubfilesAskedFor;
   if (load.MissingFiles.count(std::u16string(path.GetView())) > 0) return false;
   CVRMLIOManager subfile;
@@ -54,8 +56,11 @@ bool ReadSubfile(CVRMLParser& parser, const CBasicString& path, bool noteIfMissi
   if (std::find(reading.begin(), reading.end(), identity) != reading.end()) return false;
 
   const auto size = static_cast<std::uint64_t>(subfile.GetTotalFileSize());
-  load.Made.AddInput(size);
+  const bool again = !load.FilesRead.emplace(identity.Device, identity.Number).second;
+  if (again && !CanMake(parser, {.ExpandedText = size})) return false;
+  if (!again) load.Made.AddInput(size);
   if (load.PassingOver > 0) load.PassedOver += size;
+  const ScopedValue<int> rereading(load.Rereading, load.Rereading + (again ? 1 : 0));
   const FileBeingRead beingRead(load, identity);
   return ReadOpenedFile(parser, subfile);
 }

@@ -63,7 +63,8 @@ bool CVRMLParser::ParseCone() {
 bool CVRMLParser::DefineCone(double bottomRadius, double height, bool side, bool bottom) {
   if (!CurrentSeparator) return false;
   const bool closed = bottom || GetVersion() == VRMLVersion10;
-  if (!qelvrml::CanMake(*this, {.Objects = (side ? 1U : 0U) + (closed ? 1U : 0U)})) return false;
+  if (!qelvrml::CanMake(*this, {.Objects = (side ? 1U : 0U) + (closed ? 1U : 0U), .Steps = qelvrml::StepsOfASolid}))
+    return false;
 
   const brixMatrix4x4 placement = AxisPlacement(height, CurrentSeparator->GetTransformation());
   bool result = false;
@@ -105,7 +106,7 @@ bool CVRMLParser::ParseCylinder() {
 bool CVRMLParser::DefineCylinder(double radius, double height) {
   if (!CurrentSeparator) return false;
   if (qelvrml::IsNearZero(radius) || qelvrml::IsNearZero(height)) return false;
-  constexpr qelvrml::Making SideAndDisks = {.Objects = 3};
+  constexpr qelvrml::Making SideAndDisks = {.Objects = 3, .Steps = qelvrml::StepsOfASolid};
   if (!qelvrml::CanMake(*this, SideAndDisks)) return false;
 
   std::unique_ptr<brixCylinder> cylinder(new (std::nothrow) brixCylinder);

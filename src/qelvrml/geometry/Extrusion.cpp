@@ -24,6 +24,9 @@ constexpr brixVector Up(0.0F, 1.0F, 0.0F);
 // Cross-sections and scales hold pairs of numbers.
 unsigned PairCount(const brixDoubleArray& values) { return values.GetSize() / 2; }
 
+// A mesh, and the turning of each section.
+std::uint64_t SweepSteps(std::uint64_t points) { return qelvrml::StepsOfASolid + points * qelvrml::StepsOfASweptPoint; }
+
 brixFloatPoint ScaleOf(unsigned index, const brixDoubleArray& scale) {
   // One pair serves all sections; a longer list that ends early leaves the rest unscaled.
   const unsigned pair = scale.GetSize() == 2 && index > 0 ? 0 : index;
@@ -87,7 +90,7 @@ bool CVRMLParser::DefineExtrusion(bool solid, bool beginCap, bool endCap, const 
     return false;
   }
   const std::uint64_t count = std::uint64_t{PairCount(crossSection)} * spine.GetSize();
-  if (!qelvrml::CanMake(*this, {.Objects = 1, .Points = count})) return false;
+  if (!qelvrml::CanMake(*this, {.Objects = 1, .Points = count, .Steps = SweepSteps(count)})) return false;
   brixFloatPointArray points;
   if (!GetExtrusionMesh(points, axes, angles, scale, crossSection, spine)) return false;
   CurrentSeparator->TransformPoints(points);

@@ -174,6 +174,8 @@ void SortPairs(std::vector<CVRMLLoopIndexPair>& pairs) {
 bool CVRMLParser::DefineExtrusionCap(int row, int pointsInRow, const brixFloatPointArray& mesh) {
   const std::int64_t first = std::int64_t{row} * pointsInRow;
   if (pointsInRow <= 0 || row < 0 || first + pointsInRow > static_cast<std::int64_t>(mesh.GetSize())) return false;
+  const std::uint64_t steps = static_cast<std::uint64_t>(pointsInRow) * qelvrml::StepsOfACapCorner;
+  if (!qelvrml::CanMake(*this, {.Steps = steps})) return false;
   brixFloatPointArray outline;
   outline.Assign(mesh.View().subspan(static_cast<std::size_t>(first), static_cast<std::size_t>(pointsInRow)));
 

@@ -46,7 +46,9 @@ bool CVRMLParser::ParseBox() {
 }
 
 bool CVRMLParser::DefineCube(double width, double height, double depth) {
-  if (!CurrentSeparator || !qelvrml::CanMake(*this, {.Objects = 1, .Points = brixBox::CornerCount})) return false;
+  if (!CurrentSeparator ||
+      !qelvrml::CanMake(*this, {.Objects = 1, .Points = brixBox::CornerCount, .Steps = qelvrml::StepsOfASolid}))
+    return false;
   const auto w = static_cast<float>(width / 2.0);
   const auto h = static_cast<float>(height / 2.0);
   const auto d = static_cast<float>(depth / 2.0);
@@ -84,7 +86,7 @@ bool CVRMLParser::ParseSphere() {
 }
 
 bool CVRMLParser::DefineSphere(double radius) {
-  if (!CurrentSeparator || !qelvrml::CanMake(*this, {.Objects = 1})) return false;
+  if (!CurrentSeparator || !qelvrml::CanMake(*this, {.Objects = 1, .Steps = 2 * qelvrml::StepsOfASolid})) return false;
 
   std::unique_ptr<brixSphere> sphere(new (std::nothrow) brixSphere);
   if (!sphere) return false;

@@ -5,6 +5,7 @@
 #include "qelvrml/dictionary/Recording.h"
 #include "qelvrml/foundation/ScopedValue.h"
 #include "qelvrml/parser/load/LoadState.h"
+#include "qelvrml/parser/load/ParserInternals.h"
 #include "qelvrml/parser/reading/NodeReader.h"
 #include "qelvrml/parser/reading/PassingOver.h"
 #include "qelvrml/scene/Scopes.h"
@@ -97,8 +98,14 @@ void ReadDefinedName(CVRMLParser& parser) {
   }
 }
 
+// Text that is read for the first time is its own payment.
+bool CanReadStatement(CVRMLParser& parser) {
+  return qelvrml::ParserInternals::Load(parser).Rereading == 0 ||
+         qelvrml::CanMake(parser, {.Steps = qelvrml::StepsOfAStatement});
+}
+
 bool ParseGroupKeyword(CVRMLParser& parser, int& depth) {
-  if (qelvrml::AtOpenSeparatorLimit(parser)) return qelvrml::PassOverUnopened(parser);
+  if (!CanReadStatement(parser) || qelvrml::AtOpenSeparatorLimit(parser)) return qelvrml::PassOverUnopened(parser);
   if (parser.GetVersion() == VRMLVersion20) return parser.ParseGroup();
   if (!parser.ParseSeparator()) return false;
   ++depth;
@@ -124,7 +131,8 @@ bool Dispatch(CVRMLParser& parser, bool& result, int& depth) {
     default: break;
   }
   if (const NodeParser parse = FindNodeParser(type)) {
-    const bool unopened = OpensSeparator(type, parser.GetVersion()) && qelvrml::AtOpenSeparatorLimit(parser);
+    const bool unopened = !CanReadStatement(parser) ||
+                          (OpensSeparator(type, parser.GetVersion()) && qelvrml::AtOpenSeparatorLimit(parser));
     result = unopened ? qelvrml::PassOverUnopened(parser) : (parser.*parse)();
   }
   return false;

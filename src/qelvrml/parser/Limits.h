@@ -8,7 +8,7 @@ namespace qelvrml {
 
 /// ParseBlock calls inside one another: what fits on a stack of 1 MiB.
 inline constexpr int MaximumNesting = 500;
-/// Open separators: a replay recurses once for each.
+/// Separators that a load has open: a replay recurses once for each.
 inline constexpr int MaximumOpenSeparators = 500;
 /// Prototypes expanded inside one another: endless expansion ends here, and no scene nests deeper.
 inline constexpr int MaximumExpansions = 64;
@@ -20,17 +20,32 @@ inline constexpr int MaximumSubfiles = 65'536;
 /// another would cost two to the power of their depth.
 inline constexpr std::uint64_t PassedOverAnew = 16ULL << 20U;
 
-// What a load may make, in bytes: no file that gives its own numbers comes near it, and a small file can't multiply
-// itself into more than a machine has.
+// What a load may make, in bytes and in steps of about a nanosecond: no file that gives its own numbers comes near it,
+// and a small file can't multiply itself into more than a machine has, or into more than about a second.
 inline constexpr std::uint64_t BytesMadeOfAnyFile = 1ULL << 30U;
 inline constexpr std::uint64_t BytesMadeOfAByte = 256;  ///< beside these, for each byte of the files read
-// What things cost: about what they take in memory, or the time that they cost for want of any.
+inline constexpr std::uint64_t StepsOfAnyFile = 1'200'000'000;
+inline constexpr std::uint64_t StepsOfAByte = 500;  ///< beside these, for each byte of the files read
+// What things cost: about what they take in memory, or for want of any a share of it.
 inline constexpr std::uint64_t BytesOfAnObject = 512;
 inline constexpr std::uint64_t BytesOfAPoint = 12;
 inline constexpr std::uint64_t BytesOfAnIndex = 4;
 inline constexpr std::uint64_t BytesOfAPixel = 4;
 inline constexpr std::uint64_t BytesOfAReplay = 64;
 inline constexpr std::uint64_t BytesOfAnExpandedByte = 8;
+// The time that they take, with the placing, the scaling and the end of an object.
+inline constexpr std::uint64_t StepsOfAnObject = 1'000;
+inline constexpr std::uint64_t StepsOfASolid = 3'000;  ///< beside those of an object: its box and its corners
+inline constexpr std::uint64_t StepsOfAPoint = 30;
+inline constexpr std::uint64_t StepsOfASweptPoint = 60;  ///< beside those of a point
+inline constexpr std::uint64_t StepsOfACapCorner = 1'500;
+inline constexpr std::uint64_t StepsOfAnIndex = 20;
+inline constexpr std::uint64_t StepsOfAReplay = 250;
+inline constexpr std::uint64_t StepsOfAnExpandedByte = 20;
+inline constexpr std::uint64_t StepsOfACapturedByte = 60;  ///< of an instance, or of the body of a prototype
+inline constexpr std::uint64_t StepsOfAStatement = 500;    ///< in text that isn't read for the first time
+inline constexpr std::uint64_t StepsOfAMergedField = 300;
+inline constexpr std::uint64_t StepsOfASubfile = 20'000;
 
 /// Points of an extrusion's mesh: 400 MB.
 inline constexpr std::uint64_t MaximumMeshPoints = 33'554'432;

@@ -3,10 +3,12 @@
 //   PROTO name [ eventIn TYPE name  field TYPE name DEFAULT ... ] { body }
 //   EXTERNPROTO name [ ... ] "url"
 
+#include <algorithm>
 #include <memory>
 #include <new>
 
 #include "qelvrml/files/Subfiles.h"
+#include "qelvrml/parser/load/Budget.h"
 #include "qelvrml/parser/reading/NodeReader.h"
 #include "qelvrml/prototypes/CVRMLPrototype.h"
 
@@ -69,6 +71,8 @@ bool CVRMLParser::ParseProto() {
   IOManager.CaptureBlockText(&body, &length, false);
   prototype->SetBodyText(body);
   prototype->SetBodyLength(length);
+  const std::uint64_t steps = static_cast<std::uint64_t>(std::max(length, 0)) * qelvrml::StepsOfACapturedByte;
+  if (!qelvrml::CanMake(*this, {.Objects = 1, .Steps = steps})) return false;
   if (!AddPrototypeToDictionary(prototype.get())) return false;
   prototype.release();
   return true;

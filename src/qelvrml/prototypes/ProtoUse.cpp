@@ -81,6 +81,12 @@ bool CVRMLParser::DefineProtoUse(const CBasicString& name, const char* text, int
   if (!prototype || Load->Expansions >= qelvrml::MaximumExpansions) return false;
   if (!prototype->HasBody()) return true;
 
+  // The merge itself takes time, so the instance pays for its own text and the prototype's parts ahead of it.
+  const auto ownText = static_cast<std::uint64_t>(text ? std::max(length, 0) : 0);
+  const std::uint64_t parts =
+      static_cast<std::uint64_t>(prototype->GetFields().GetCount()) + prototype->GetBodyTemplate().GetPieces().size();
+  const std::uint64_t steps = ownText * qelvrml::StepsOfACapturedByte + parts * qelvrml::StepsOfAMergedField;
+  if (!qelvrml::CanMake(*this, {.Steps = steps})) return false;
   qelvrml::InstanceMerge merge(*prototype, text, length);
   const std::uint64_t merged = merge.GetLength();
   if (merged > static_cast<std::uint64_t>(std::numeric_limits<int>::max())) return false;
@@ -89,7 +95,8 @@ bool CVRMLParser::DefineProtoUse(const CBasicString& name, const char* text, int
   merge.Write(expanded.data());
 
   const qelvrml::ScopedValue<int> expansions(Load->Expansions, Load->Expansions + 1);
-  const RecordedInstance recorded(*this, name, {text, static_cast<std::size_t>(text ? std::max(length, 0) : 0)});
+  const qelvrml::ScopedValue<int> rereading(Load->Rereading, Load->Rereading + 1);
+  const RecordedInstance recorded(*this, name, {text, static_cast<std::size_t>(ownText)});
   ReadExpandedText(*this, expanded.data(), static_cast<int>(merged));
   return true;
 }

@@ -8,20 +8,24 @@ class CVRMLParser;
 
 namespace qelvrml {
 
-/// What a load may still make, in bytes: a fixed amount, and more for each byte that is read.
+/// What a load may still make, in bytes and in steps: a fixed amount of both, and more for each byte that is read.
 class Budget {
 public:
-  void AddInput(std::uint64_t bytes) { Allowed += bytes * BytesMadeOfAByte; }
-  /// Takes the bytes; false, and nothing is taken, if there aren't that many left.
-  bool Spend(std::uint64_t bytes) {
-    if (bytes > Allowed - Spent) return false;
-    Spent += bytes;
+  void AddInput(std::uint64_t bytes) {
+    Bytes += bytes * BytesMadeOfAByte;
+    Steps += bytes * StepsOfAByte;
+  }
+  /// Takes bytes and steps; false, and nothing is taken, if there aren't that many left of both.
+  bool Spend(std::uint64_t bytes, std::uint64_t steps) {
+    if (bytes > Bytes || steps > Steps) return false;
+    Bytes -= bytes;
+    Steps -= steps;
     return true;
   }
 
 private:
-  std::uint64_t Allowed = BytesMadeOfAnyFile;
-  std::uint64_t Spent = 0;
+  std::uint64_t Bytes = BytesMadeOfAnyFile;
+  std::uint64_t Steps = StepsOfAnyFile;
 };
 
 /// What a node is about to make, or a replay to do.
@@ -31,7 +35,8 @@ struct Making {
   std::uint64_t Indices = 0;
   std::uint64_t Pixels = 0;
   std::uint64_t Replays = 0;       ///< of entries and instances
-  std::uint64_t ExpandedText = 0;  ///< bytes of the text of an instance
+  std::uint64_t ExpandedText = 0;  ///< bytes of the text of an instance, or of a file that is read again
+  std::uint64_t Steps = 0;         ///< beside what these take
 };
 
 /// Takes what something costs from the budget of the load at hand. False if that isn't enough: then nothing is made.

@@ -5,8 +5,10 @@
 namespace qelvrml {
 
 LoadRun::LoadRun(CVRMLParser& parser) : Load(ParserInternals::Load(parser)), Outermost(!Load.Running) {
-  if (Outermost) Load = LoadState();
+  if (!Outermost) return;
+  Load = LoadState();
   Load.Running = true;
+  Load.EarlierScopes = parser.GetSeparatorStack()->GetCount();
 }
 
 LoadRun::~LoadRun() {

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <cstdint>
+#include <set>
 #include <string>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 #include "qelvrml/parser/load/Budget.h"
@@ -19,10 +21,13 @@ namespace qelvrml {
 struct LoadState {
   bool Running = false;
   Budget Made;
-  int Nesting = 0;     ///< ParseBlock calls inside one another
-  int Expansions = 0;  ///< prototypes expanded inside one another
+  int EarlierScopes = 0;  ///< those that were open before this load
+  int Nesting = 0;        ///< ParseBlock calls inside one another
+  int Expansions = 0;     ///< prototypes expanded inside one another
+  int Rereading = 0;      ///< texts inside one another that aren't read for the first time: instances, and files again
 
   std::vector<CKelFileInterface::FileIdentity> FilesBeingRead;  ///< the main file, then the subfiles inside one another
+  std::set<std::pair<std::uint64_t, std::uint64_t>> FilesRead;  ///< by device and number; their bytes count once
   int SubfilesAskedFor = 0;
   std::unordered_set<std::u16string> MissingFiles;     ///< paths that couldn't be opened
   std::unordered_set<std::u16string> MissingTextures;  ///< URLs of images that weren't found
