@@ -53,6 +53,7 @@ TEST(Allocation, EachOneMayFail) {
     finished = AllocationsLeft > 0;  // there were no more allocations to fail
     AllocationsLeft = -1;
     EXPECT_EQ(FindFault(world), "");
+    EXPECT_EQ(parser.GetSeparatorStack()->GetCount(), 0);
     // The parser is still good for another load.
     CKelWorld again;
     EXPECT_EQ(parser.Parse(&again, name), VRMLLoadOK);

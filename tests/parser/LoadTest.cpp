@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>
@@ -153,6 +154,49 @@ TEST(Load, ALoadInsideALoadIsRefused) {
   EXPECT_EQ(parser.Parse(&world, folder.Write("scene.wrl", scene).c_str()), VRMLLoadOK);
   EXPECT_EQ(NestedResult, VRMLLoadFailed);
   EXPECT_EQ(world.GetNumObjects(), 3);
+}
+
+// A callback's exception closes the scopes of its load alone; what had entered the model is whole, and the next load is
+// like any other.
+TEST(Load, AnExceptionLeavesTheParserAsAFailedLoadDoes) {
+  const TemporaryFolder folder;
+  const std::string open = folder.Write("open.wrl", "#VRML V1.0 ascii\nSeparator { Separator { Cube {}");
+  const std::string groups = "#VRML V2.0 utf8\nDEF a Group { children [ Box {} DEF b Group { children Box {} } ";
+  const std::string scene = folder.Write("scene.wrl", groups + std::string(1000, ' ') + "Box {} Box {} Box {} ] }");
+  CVRMLParser parser;
+  CKelWorld world;
+  parser.Parse(&world, open.c_str());
+  const int earlier = parser.GetSeparatorStack()->GetCount();
+  EXPECT_EQ(earlier, 2);
+  parser.SetLastPercentage(0);
+  parser.SetLoaderPtr([](int percentage) {
+    if (percentage > 95) throw std::runtime_error("enough");
+  });
+  EXPECT_THROW(parser.Parse(&world, scene.c_str()), std::runtime_error);
+  EXPECT_EQ(parser.GetSeparatorStack()->GetCount(), earlier);
+  EXPECT_EQ(parser.GetImageUnits(), VRMLUnitsMeters);
+  ASSERT_EQ(world.GetNumGroups(), 1);
+  EXPECT_GE(world.GetGroupAt(0)->GetNumObjects(), 1);
+  EXPECT_EQ(world.GetGroupAt(0)->GetNumGroups(), 1);
+  CheckModel(world);
+  parser.SetLoaderPtr(nullptr);
+  parser.ClearSeparatorStack();
+  parser.SetCurrentSeparator(nullptr);
+  CKelWorld next;
+  EXPECT_EQ(parser.Parse(&next, scene.c_str()), VRMLLoadOK);
+  EXPECT_EQ(next.GetGroupAt(0)->GetNumObjects(), 4);
+}
+
+// Each of these loads leaves two scopes open; the bound on open ones is that of one load.
+TEST(Load, ScopesLeftOpenDoNotAddUpToTheBound) {
+  const TemporaryFolder folder;
+  const std::string open = folder.Write("open.wrl", "#VRML V1.0 ascii\nSeparator { Separator { Cube {}");
+  CVRMLParser parser;
+  for (int i = 0; i < 300; ++i) {
+    CKelWorld world;
+    ASSERT_EQ(parser.Parse(&world, open.c_str()), VRMLLoadOK) << i;
+  }
+  EXPECT_EQ(parser.GetSeparatorStack()->GetCount(), 600);
 }
 
 TEST(Load, CopiesOwnNothingOfTheOriginal) {

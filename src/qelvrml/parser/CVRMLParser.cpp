@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <new>
 
 #include "qelvrml/dictionary/CVRMLDictionaryEntry.h"
 #include "qelvrml/foundation/CBasicListIterator.h"
@@ -117,7 +118,13 @@ VRMLLoadResultTypes CVRMLParser::Parse(CKelWorld* world, const CBasicString& fil
   if (DetermineIfFileIsZip(file)) return VRMLLoadDecompressFailed;
   IOManager.SetFilename(TemporaryFilename.GetLength() > 0 ? TemporaryFilename : file);
   const VRMLLoadResultTypes opened = IOManager.OpenFile();
-  return opened == VRMLLoadOK ? ReadScene() : opened;
+  if (opened != VRMLLoadOK) return opened;
+  try {
+    return ReadScene();
+  } catch (...) {
+    AbandonScene();
+    throw;
+  }
 }
 
 VRMLLoadResultTypes CVRMLParser::ReadScene() {
@@ -133,6 +140,20 @@ VRMLLoadResultTypes CVRMLParser::ReadScene() {
   IOManager.CloseFile();
   DetermineUnits();
   return result;
+}
+
+// What a load has made before memory ran out, or a callback threw, enters the world in the unit of the file.
+void CVRMLParser::AbandonScene() {
+  while (SeparatorStack.GetCount() > Load->EarlierScopes) {
+    try {
+      PopSeparator();
+    } catch (const std::bad_alloc&) {
+      continue;  // the scope is closed all the same, its group is lost
+    }
+  }
+  IOManager.CloseFile();
+  ImageUnits = VRMLUnitsMeters;
+  if (World) World->RecursiveUpdateBBox();
 }
 
 // The root of a load is the world's scope, whatever name or recording an earlier load has left.

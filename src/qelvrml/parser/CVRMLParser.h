@@ -378,6 +378,7 @@ private:
   friend struct qelvrml::ParserInternals;
 
   VRMLLoadResultTypes ReadScene();
+  void AbandonScene();
   void OpenRoot();
   template <class Unpack>
   bool DecompressFile(const CBasicString& path, Unpack unpack);

@@ -4,7 +4,7 @@
 
 namespace qelvrml {
 
-/// Whether no further separator may be opened.
+/// Whether the load at hand may open no further separator.
 bool AtOpenSeparatorLimit(CVRMLParser& parser);
 
 /// Opens the scope of a node that reads its children itself. Its DEF name has then gone to the scope's group and entry,

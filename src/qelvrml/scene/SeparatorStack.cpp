@@ -12,7 +12,8 @@
 namespace qelvrml {
 
 bool AtOpenSeparatorLimit(CVRMLParser& parser) {
-  return parser.GetSeparatorStack()->GetCount() >= MaximumOpenSeparators;
+  const int earlier = ParserInternals::Load(parser).EarlierScopes;
+  return parser.GetSeparatorStack()->GetCount() - earlier >= MaximumOpenSeparators;
 }
 
 bool OpenNodeScope(CVRMLParser& parser) {
