@@ -9,7 +9,7 @@ struct ToolOutput {
   std::string Error;
 };
 
-/// Runs the command by a shell.
-ToolOutput RunTool(const std::string& arguments);
+/// Runs the command by a shell, behind what is to stand `before` it.
+ToolOutput RunTool(const std::string& arguments, const std::string& before = "");
 /// The bytes of a file.
 std::string ReadWholeFile(const std::string& path);

@@ -94,6 +94,25 @@ TEST(Tool, SaysWhatWentWrong) {
   }
 }
 
+// 65,536 boxes take about 55 MB as a model and more than twice as much as JSON.
+TEST(Tool, SaysThatMemoryRanOut) {
+#if defined(__SANITIZE_ADDRESS__)
+  GTEST_SKIP() << "the sanitizer's shadow takes more address space than that";
+#endif
+  const TemporaryFolder folder;
+  std::string scene = "#VRML V2.0 utf8\nDEF a0 Box {}\n";
+  for (int i = 1; i < 16; ++i) {
+    const std::string below = "USE a" + std::to_string(i - 1) + " ";
+    scene += "DEF a" + std::to_string(i) + " Group { children [ " + below + below + "] }\n";
+  }
+  const std::string path = folder.Write("boxes.wrl", scene);
+  for (const char* megabytes : {"70", "130"}) {
+    const ToolOutput output = RunTool("dump " + path, std::string("ulimit -v ") + megabytes + "000; ");
+    EXPECT_EQ(output.Status, 71) << megabytes;
+    EXPECT_EQ(output.Error, "qelvrml: out of memory\n") << megabytes;
+  }
+}
+
 TEST(Tool, KnowsItsArguments) {
   EXPECT_EQ(RunTool("").Status, 64);
   EXPECT_EQ(RunTool("info").Error, "qelvrml: FILE is required; --help tells more\n");
