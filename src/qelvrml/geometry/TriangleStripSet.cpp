@@ -34,8 +34,9 @@ bool CVRMLParser::DefineTriangleStripSet(const brixIntArray& counts) {
   const bool hasPoints = !CurrentSeparator->GetVertices().IsEmpty();
   const std::uint64_t points =
       std::uint64_t{CurrentSeparator->GetVertices().GetSize()} + CurrentSeparator->GetNormals().GetSize();
-  if (hasPoints && !qelvrml::CanMake(*this, {.Objects = 1, .Points = points, .Indices = counts.GetSize()}))
-    return false;
+  const qelvrml::Making making = {
+      .Objects = 1, .Points = points, .Indices = counts.GetSize(), .Steps = points * qelvrml::StepsOfASweptPoint};
+  if (hasPoints && !qelvrml::CanMake(*this, making)) return false;
   std::unique_ptr<CKelMultipleTriangleStrip> strips(hasPoints ? new (std::nothrow) CKelMultipleTriangleStrip : nullptr);
   if (strips) {
     strips->SetStrips(CurrentSeparator->GetVertices(), CurrentSeparator->GetNormals(), counts);

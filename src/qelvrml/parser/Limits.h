@@ -36,8 +36,8 @@ inline constexpr std::uint64_t BytesOfAnExpandedByte = 8;
 // The time that they take, with the placing, the scaling and the end of an object.
 inline constexpr std::uint64_t StepsOfAnObject = 1'000;
 inline constexpr std::uint64_t StepsOfASolid = 3'000;  ///< beside those of an object: its box and its corners
-inline constexpr std::uint64_t StepsOfAPoint = 30;
-inline constexpr std::uint64_t StepsOfASweptPoint = 60;  ///< beside those of a point
+inline constexpr std::uint64_t StepsOfAPoint = 60;
+inline constexpr std::uint64_t StepsOfASweptPoint = 60;  ///< beside those of a point: of an extrusion, or a strip
 inline constexpr std::uint64_t StepsOfACapCorner = 1'500;
 inline constexpr std::uint64_t StepsOfAnIndex = 20;
 inline constexpr std::uint64_t StepsOfAReplay = 250;
