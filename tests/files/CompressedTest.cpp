@@ -5,6 +5,8 @@
 
 #include <cstdlib>
 #include <fstream>
+#include <stdexcept>
+#include <tuple>
 
 #include "support/Gzip.h"
 #include "support/Model.h"
@@ -62,23 +64,47 @@ TEST_F(CompressedTest, GzipFilesLoad) {
             "brixBox brixSphere brixCone brixDisk");
 }
 
+// It lies in a folder of its own, so that nobody else can put files beside it.
 TEST_F(CompressedTest, TheTemporaryFileIsPrivateWhileItIsRead) {
-  static std::filesystem::path temporary;
+  namespace fs = std::filesystem;
+  static fs::path temporary;
+  static CVRMLParser* reading;
   static int seen;
-  temporary = Temporary();
-  seen = 0;
   CKelWorld world;
   CVRMLParser parser;
+  temporary = Temporary();
+  reading = &parser;
+  seen = 0;
   parser.SetLoaderPtr([](int /*percentage*/) {
-    for (const auto& entry : std::filesystem::directory_iterator(temporary)) {
-      ++seen;
-      EXPECT_TRUE(entry.path().filename().string().starts_with("VRML"));
-      EXPECT_EQ(entry.path().extension(), ".wrl");
-      EXPECT_EQ(entry.status().permissions(), std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
+    for (const auto& folder : fs::directory_iterator(temporary)) {
+      EXPECT_TRUE(folder.path().filename().string().starts_with("VRML"));
+      EXPECT_EQ(folder.status().permissions(), fs::perms::owner_all);
+      for (const auto& entry : fs::directory_iterator(folder)) {
+        ++seen;
+        EXPECT_EQ(entry.path(), reading->GetIOManager()->GetFilename().GetNarrowText());
+        EXPECT_TRUE(entry.path().filename().string().starts_with("VRML"));
+        EXPECT_EQ(entry.path().extension(), ".wrl");
+        EXPECT_EQ(entry.status().permissions(), fs::perms::owner_read | fs::perms::owner_write);
+      }
     }
   });
   EXPECT_EQ(parser.Parse(&world, Folder.Write("packed", Gzip(Scene)).c_str()), VRMLLoadOK);
   EXPECT_GT(seen, 0);
+}
+
+// Whatever a host does while the file is read: its folder vanishes, or the host leaves the load by an exception.
+TEST_F(CompressedTest, NoTemporaryFileOutlivesItsLoad) {
+  static std::filesystem::path temporary;
+  temporary = Temporary();
+  CKelWorld world;
+  CVRMLParser parser;
+  const std::string path = Folder.Write("packed", Gzip(Scene));
+  parser.SetLoaderPtr([](int /*percentage*/) { throw std::runtime_error("the host has enough"); });
+  EXPECT_THROW(parser.Parse(&world, path.c_str()), std::runtime_error);
+  EXPECT_TRUE(std::filesystem::is_empty(temporary));
+  parser.SetLoaderPtr([](int /*percentage*/) { std::filesystem::remove_all(temporary); });
+  EXPECT_EQ(parser.Parse(&world, path.c_str()), VRMLLoadOK);
+  EXPECT_EQ(parser.Parse(&world, path.c_str()), VRMLLoadDecompressFailed) << "the folder is gone";
 }
 
 TEST_F(CompressedTest, ZipFilesGiveTheirScene) {
@@ -147,28 +173,57 @@ TEST_F(CompressedTest, ATruncatedStreamGivesItsBeginning) {
   EXPECT_EQ(model.Classes(), "brixBox brixSphere");
 }
 
+// A chunk of 1,024,000 bytes that was written whole makes a load, as far as it goes.
 TEST_F(CompressedTest, WithoutRoomTheFileCannotBeUnpacked) {
-  rlimit earlier{};
-  getrlimit(RLIMIT_FSIZE, &earlier);
-  const std::string path = Folder.Write("packed", Gzip(Scene));
-  rlimit none = earlier;
-  none.rlim_cur = 0;
-  setrlimit(RLIMIT_FSIZE, &none);
-  CKelWorld world;
-  const VRMLLoadResultTypes result = CVRMLParser().Parse(&world, path.c_str());
-  setrlimit(RLIMIT_FSIZE, &earlier);
-  EXPECT_EQ(result, VRMLLoadDecompressFailed);
-  EXPECT_TRUE(std::filesystem::is_empty(Temporary()));
-  setenv("TMPDIR", "/no/such/folder", 1);
-  EXPECT_EQ(CVRMLParser().Parse(&world, path.c_str()), VRMLLoadDecompressFailed);
+  const std::string path = Folder.Write("packed", Gzip(Scene + std::string(1'100'000, ' ') + "Cone {}"));
+  for (const auto& [room, result, classes] :
+       {std::tuple(0U, VRMLLoadDecompressFailed, ""), std::tuple(1'023'999U, VRMLLoadDecompressFailed, ""),
+        std::tuple(1'024'010U, VRMLLoadOK, "brixBox brixSphere")}) {
+    rlimit earlier{};
+    getrlimit(RLIMIT_FSIZE, &earlier);
+    rlimit little = earlier;
+    little.rlim_cur = room;
+    setrlimit(RLIMIT_FSIZE, &little);
+    Model model;
+    model.Result = model.Parser->Parse(model.World.get(), path.c_str());
+    setrlimit(RLIMIT_FSIZE, &earlier);
+    EXPECT_EQ(model.Result, result) << room;
+    EXPECT_EQ(model.Classes(), classes) << room;
+    EXPECT_TRUE(std::filesystem::is_empty(Temporary())) << room;
+  }
 }
 
-// The file that names the subfile is the temporary one.
+// An empty variable names no folder; one that names something else isn't replaced by another place.
+TEST_F(CompressedTest, TheTemporaryFolderIsTheUsersChoice) {
+  const std::string path = Folder.Write("packed", Gzip(Scene));
+  for (const auto& [folder, result] :
+       {std::pair(std::string(), VRMLLoadOK), std::pair(std::string("/no/such/folder"), VRMLLoadDecompressFailed),
+        std::pair(path, VRMLLoadDecompressFailed)}) {
+    setenv("TMPDIR", folder.c_str(), 1);
+    CKelWorld world;
+    EXPECT_EQ(CVRMLParser().Parse(&world, path.c_str()), result) << folder;
+  }
+}
+
+// The file that names the subfile is the temporary one, and beside it is nothing that others could put there.
 TEST_F(CompressedTest, SubfilesAreLookedForBesideTheTemporaryFile) {
+  static CVRMLParser* reading;
+  static std::filesystem::path beside;
+  const std::string packed = Folder.Write("packed", Gzip("#VRML V2.0 utf8\nBox {} Inline { url \"part.wrl\" }"));
   Folder.Write("tmp/part.wrl", "#VRML V2.0 utf8\nSphere {}");
-  Folder.Write("part.wrl", "#VRML V2.0 utf8\nBox {}");
-  EXPECT_EQ(LoadFile(Folder.Write("packed", Gzip("#VRML V2.0 utf8\nInline { url \"part.wrl\" }"))).Classes(),
-            "brixSphere");
+  Folder.Write("part.wrl", "#VRML V2.0 utf8\nSphere {}");
+  EXPECT_EQ(LoadFile(packed).Classes(), "brixBox");
+
+  Model model;
+  reading = model.Parser.get();
+  model.Parser->SetLoaderPtr([](int /*percentage*/) {
+    beside = std::filesystem::path(reading->GetIOManager()->GetFilename().GetNarrowText()).replace_filename("part.wrl");
+    std::ofstream(beside) << "#VRML V2.0 utf8\nCone {}";
+    reading->SetLoaderPtr(nullptr);
+  });
+  EXPECT_EQ(model.Parser->Parse(model.World.get(), packed.c_str()), VRMLLoadOK);
+  EXPECT_EQ(model.Classes(), "brixBox brixCone brixDisk");
+  EXPECT_TRUE(std::filesystem::exists(beside)) << "the host's own";
 }
 
 }  // namespace

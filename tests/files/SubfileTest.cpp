@@ -1,6 +1,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
+#include <tuple>
+
+#include "qelvrml/platform/brixex/textures/CKelTextureManager.h"
 #include "support/Model.h"
 
 namespace {
@@ -81,6 +85,48 @@ TEST_F(SubfileTest, NestingIsBounded) {
 TEST_F(SubfileTest, SkippedInlinesHaveNoEffect) {
   Folder.Write("part.wrl", Header + "DEF p Box {}");
   EXPECT_EQ(LoadMain("Collision { proxy DEF x Inline { url \"part.wrl\" } } USE p Sphere {}").Classes(), "brixSphere");
+}
+
+// A host's callback can change the files of a scene while it is read: what was read before counts.
+TEST_F(SubfileTest, FilesThatChangeWhileTheyAreRead) {
+  static const TemporaryFolder* folder;
+  folder = &Folder;
+  Folder.Write("cut.wrl", Header + "Sphere {}");
+  Folder.Write("pipe.wrl", Header + "Sphere {}");
+  Folder.Write("new.wrl", Header + "Sphere {}");
+  Folder.Write("zero.wrl", Header + "Sphere {}");
+  const std::string main =
+      Folder.Write("main.wrl", Header + R"(Box {} Inline { url "cut.wrl" } Inline { url "pipe.wrl" }
+    EXTERNPROTO Z [ ] "zero.wrl" Inline { url "new.wrl" } Box {})");
+  Model model;
+  model.Parser->SetLoaderPtr([](int /*percentage*/) {
+    for (const char* name : {"main.wrl", "cut.wrl"}) std::filesystem::resize_file(folder->Path() / name, 20);
+    for (const char* name : {"pipe.wrl", "zero.wrl"}) std::filesystem::remove(folder->Path() / name);
+    mkfifo((folder->Path() / "pipe.wrl").c_str(), 0600);
+    std::filesystem::create_symlink("/dev/zero", folder->Path() / "zero.wrl");
+    std::filesystem::rename(folder->Write("newer", Header + "Cone { bottom FALSE }"), folder->Path() / "new.wrl");
+  });
+  EXPECT_EQ(model.Parser->Parse(model.World.get(), main.c_str()), VRMLLoadOK);
+  EXPECT_EQ(model.Classes(), "brixBox brixCone brixBox");
+  EXPECT_EQ(model.Parser->GetMissingFiles().size(), 2U);
+  for (const char* name : {"pipe.wrl", "zero.wrl"})
+    EXPECT_EQ(LoadFile((Folder.Path() / name).string()).Result, VRMLLoadOpenFailed) << name;
+}
+
+// The scenes of hostile/ that ask for files: names of many components, one image under many names, missing files.
+TEST_F(SubfileTest, HostileScenesEnd) {
+  const std::string scenes = QELVRML_TEST_SCENES;
+  for (const auto& [name, textures, missing] :
+       {std::tuple("files-dots.wrl.gz", 0, 1U), std::tuple("files-spellings.wrl", 1, 0U),
+        std::tuple("files-missing.wrl.gz", 0, 2U * 3000U)}) {
+    Model model;
+    model.World->GetTextureManager()->AddAlternatePath(scenes.c_str());
+    const std::string path = scenes + "/hostile/" + name;
+    EXPECT_EQ(model.Parser->Parse(model.World.get(), path.c_str()), VRMLLoadOK) << name;
+    CheckModel(*model.World);
+    EXPECT_EQ(model.World->GetTextureManager()->GetNumberTextures(), textures) << name;
+    EXPECT_EQ(model.Parser->GetMissingFiles().size(), missing) << name;
+  }
 }
 
 class SupportParser : public CVRMLParser {

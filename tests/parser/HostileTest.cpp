@@ -17,7 +17,7 @@ std::vector<std::string> HostileScenes() {
   std::vector<std::string> names;
   for (const auto& file : std::filesystem::directory_iterator(QELVRML_TEST_SCENES "/hostile")) {
     const std::filesystem::path extension = file.path().extension();
-    if (extension == ".wrl" || extension == ".wrz") names.push_back(file.path().filename().string());
+    if (extension == ".wrl" || extension == ".gz") names.push_back(file.path().filename().string());
   }
   std::sort(names.begin(), names.end());
   return names;

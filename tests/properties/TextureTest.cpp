@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <clocale>
+
 #include "qelvrml/platform/brixex/textures/CKelTextureManager.h"
 #include "support/Model.h"
 
@@ -44,7 +46,7 @@ TEST_F(TextureTest, ATextureLiesOnItsObject) {
                  Textured("ImageTexture { url \"images\\\\TILE.PNG\" repeatT FALSE }") + "Box {}");
   ASSERT_EQ(model.Size(), 3U);
   const CKelTextureManager& textures = *model.World->GetTextureManager();
-  ASSERT_EQ(textures.GetNumberTextures(), 2) << "names are compared as they are resolved";
+  ASSERT_EQ(textures.GetNumberTextures(), 1) << "the same file";
   ASSERT_TRUE(Mapping(model, 0));
   EXPECT_EQ(Mapping(model, 0)->GetTextureID(), 1);
   EXPECT_EQ(Mapping(model, 0)->GetTextureWrapS(), TextureWrapClamp);
@@ -67,6 +69,91 @@ TEST_F(TextureTest, SharedByNameAndByUse) {
   EXPECT_EQ(Mapping(model, 3)->GetScale().S, 2.0F);
   EXPECT_EQ(Mapping(model, 1)->GetTextureWrapS(), TextureWrapClamp);
   EXPECT_EQ(Mapping(model, 2)->GetTextureWrapS(), TextureWrapRepeat);
+}
+
+// Within a load an image is the file that it is; the manager knows it by the name that came first.
+TEST_F(TextureTest, OneFileIsOneTexture) {
+  std::filesystem::copy_file(Scenes + "/tile.png", Folder.Path() / "tile.png");
+  std::filesystem::create_hard_link(Folder.Path() / "tile.png", Folder.Path() / "other.png");
+  std::filesystem::create_symlink(Folder.Path(), Folder.Path() / "sub");
+  Folder.Write("bad.png", "no image");
+  Model model;
+  model.World->GetTextureManager()->AddAlternatePath(Folder.Path().c_str());
+  std::string scene;
+  for (const char* name :
+       {"././tile.png", "tile.png", "TILE.PNG", "sub/tile.png", "sub//..//TILE.png", "other.png", "bad.png", "BAD.png"})
+    scene += Textured(std::string("ImageTexture { url \"") + name + "\" }");
+  LoadInto(model, scene);
+  const CKelTextureManager& textures = *model.World->GetTextureManager();
+  ASSERT_EQ(textures.GetNumberTextures(), 1);
+  for (std::size_t i = 0; i < 6; ++i) EXPECT_TRUE(Mapping(model, i)) << i;
+  EXPECT_FALSE(Mapping(model, 6) || Mapping(model, 7));
+  EXPECT_EQ(textures.GetTexture((Folder.Path() / "tile.png").c_str()), textures.GetTextureAt(0));
+  LoadInto(model, Textured("ImageTexture { url \"TILE.PNG\" }"));
+  EXPECT_EQ(textures.GetNumberTextures(), 2) << "another load goes by the names";
+  LoadInto(model, Textured("ImageTexture { url \"TILE.PNG\" }") + Textured("ImageTexture { url \"other.png\" }"));
+  EXPECT_EQ(textures.GetNumberTextures(), 2) << "the file of a name that is known";
+}
+
+// A name of 4,096 characters is looked for, a longer one isn't, nor is it noted.
+TEST_F(TextureTest, LongNamesLeadNowhere) {
+  const std::string longest = "/" + std::string(4086, '/') + "/tile.png";
+  ASSERT_EQ(longest.size(), 4096U);
+  for (const std::string node : {"ImageTexture", "Inline"}) {
+    const Model model = LoadShapes(Textured(node + " { url \"" + std::string(4096, 'x') + "\" }") +
+                                   Textured(node + " { url \"" + std::string(4097, 'y') + "\" }"));
+    ASSERT_EQ(model.Parser->GetMissingFiles().size(), 1U);
+    EXPECT_EQ(model.Parser->GetMissingFiles()[0].GetAt(model.Parser->GetMissingFiles()[0].GetLength() - 1), u'x');
+  }
+  EXPECT_EQ(
+      LoadShapes(Textured("ImageTexture { url \"" + longest + "\" }")).World->GetTextureManager()->GetNumberTextures(),
+      1);
+  EXPECT_EQ(
+      LoadShapes(Textured("ImageTexture { url \"/" + longest + "\" }")).World->GetTextureManager()->GetNumberTextures(),
+      0);
+}
+
+// 65,536 files are asked for in a load, subfiles and images together, and each image once.
+TEST_F(TextureTest, TheNumberOfFilesIsBounded) {
+  std::string half;
+  for (int i = 0; i < 32'767; ++i) half += "Inline{url\"a\"}ImageTexture{url\"" + std::to_string(i) + "\"}";
+  half += "ImageTexture{url\"0\"}";
+  for (const auto& [more, textures] :
+       {std::pair("Inline{url\"a\"}", 1), std::pair("Inline{url\"a\"}Inline{url\"b\"}", 0)}) {
+    const Model model = LoadShapes(half + more + Textured("ImageTexture { url \"tile.png\" }"));
+    EXPECT_EQ(model.World->GetTextureManager()->GetNumberTextures(), textures);
+  }
+}
+
+// The list of them for the host ends at 4,194,304 characters.
+TEST_F(TextureTest, TheListOfMissingFilesIsBounded) {
+  std::string scene;
+  for (int i = 1000; i < 2500; ++i) scene += "ImageTexture{url\"" + std::to_string(i) + std::string(4000, 'x') + "\"}";
+  std::size_t characters = 0;
+  for (const CBasicString& path : LoadShapes(scene).Parser->GetMissingFiles())
+    characters += static_cast<std::size_t>(path.GetLength());
+  EXPECT_LE(characters, 4'194'304U);
+  EXPECT_GT(characters, 4'194'304U - 4'096U - Scenes.size());
+}
+
+// Names of files know no locale: in this one the case of all letters of Unicode is known.
+TEST_F(TextureTest, TheHostsPathKeepsLettersBeyondAscii) {
+  static std::string answer;
+  std::filesystem::create_directory(Folder.Path() / "\xC3\x84");
+  std::filesystem::copy_file(Scenes + "/tile.png", Folder.Path() / "\xC3\x84/tile.png");
+  answer = (Folder.Path() / "\xC3\x84/TILE.PNG").string();
+  Model model;
+  model.Parser->SetGetSupportFilePtr([](CBasicString /*current*/, CBasicString /*wanted*/, CBasicString& path) {
+    path = answer.c_str();
+    return 1;
+  });
+  const std::string earlier = std::setlocale(LC_ALL, nullptr);
+  ASSERT_TRUE(std::setlocale(LC_ALL, "C.UTF-8"));
+  model.World->GetTextureManager()->AddAlternatePath("/no/such/folder");
+  model.Parser->Parse(model.World.get(),
+                      Folder.Write("s.wrl", "#VRML V2.0 utf8\n" + Textured("ImageTexture { url \"x\" }")).c_str());
+  std::setlocale(LC_ALL, earlier.c_str());
+  EXPECT_EQ(model.World->GetTextureManager()->GetNumberTextures(), 1);
 }
 
 // Names that climb out of the folder lead nowhere but to their last component.

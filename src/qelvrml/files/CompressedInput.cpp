@@ -122,6 +122,7 @@ bool CVRMLParser::DestroyTemporaryFile() {
   const bool exists = TemporaryFilename.GetLength() > 0;
   const auto path = qelvrml::Narrow(TemporaryFilename.GetView());
   if (exists && path) std::remove(path->c_str());
+  Load->Unpacked.Remove();
   ClearTemporaryFilename();
   return exists;
 }

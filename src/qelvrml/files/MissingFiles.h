@@ -4,7 +4,7 @@
 
 namespace qelvrml {
 
-/// Puts the path of a file that couldn't be opened on the list for the host, once in a load.
+/// Puts the path of a file that couldn't be opened on the list for the host, once in a load and as long as it has room.
 void NoteMissingFile(CVRMLParser& parser, const CBasicString& path);
 
 }  // namespace qelvrml

@@ -42,11 +42,11 @@ bool ReadOpenedFile(CVRMLParser& parser, CVRMLIOManager& subfile) {
 bool ReadSubfile(CVRMLParser& parser, const CBasicString& path, bool noteIfMissing) {
   const LoadRun run(parser);
   LoadState& load = ParserInternals::Load(parser);
-  if (load.FilesBeingRead.size() > MaximumSubfileNesting || load.SubfilesAskedFor >= MaximumSubfiles) return false;
+  if (load.FilesBeingRead.size() > MaximumSubfileNesting || !load.AskForFile()) return false;
   if (!CanMake(parser, {.Steps = StepsOfASubfile})) return false;
-  ++load.SubfilesAskedFor;
   if (load.MissingFiles.count(std::u16string(path.GetView())) > 0) return false;
   CVRMLIOManager subfile;
+  subfile.GetFileInterface().SetFolders(&load.Folders);
   subfile.SetFilename(path);
   const VRMLLoadResultTypes opened = subfile.OpenFile();
   if (opened == VRMLLoadOpenFailed && noteIfMissing) NoteMissingFile(parser, path);
@@ -68,13 +68,18 @@ bool ReadSubfile(CVRMLParser& parser, const CBasicString& path, bool noteIfMissi
 }  // namespace
 
 bool ReadReferredFile(CVRMLParser& parser, const FileReference& reference) {
+  if (reference.Name.GetLength() > MaximumNameLength) return false;
   CBasicString path = reference.Name;
   return !parser.CreateSubfilePath(path) || ReadSubfile(parser, path, reference.IsName);
 }
 
 void NoteMissingFile(CVRMLParser& parser, const CBasicString& path) {
-  const bool added = ParserInternals::Load(parser).MissingFiles.insert(std::u16string(path.GetView())).second;
-  if (added) ParserInternals::MissingFiles(parser).push_back(path);
+  LoadState& load = ParserInternals::Load(parser);
+  const std::u16string_view name = path.GetView();
+  if (name.size() > MaximumMissingCharacters - load.MissingCharacters) return;
+  if (!load.MissingFiles.emplace(name).second) return;
+  load.MissingCharacters += name.size();
+  ParserInternals::MissingFiles(parser).push_back(path);
 }
 
 }  // namespace qelvrml

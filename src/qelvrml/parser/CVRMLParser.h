@@ -344,7 +344,8 @@ public:
   bool CreateSubfilePath(CBasicString& path) const;
   /// Removes every double quote; true if there was one.
   static bool RemoveQuotes(CBasicString& text);
-  /// Paths of the files that the last load asked for and couldn't open, each once, in the order of asking.
+  /// Paths of the files that the last load looked for and couldn't open, each once, in the order of asking. Names of
+  /// more than 4,096 characters aren't looked for, and the list ends at 4,194,304 characters.
   const std::vector<CBasicString>& GetMissingFiles() const { return MissingFiles; }
 
 protected:

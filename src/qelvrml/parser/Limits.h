@@ -14,8 +14,13 @@ inline constexpr int MaximumOpenSeparators = 500;
 inline constexpr int MaximumExpansions = 64;
 /// Subfiles inside one another.
 inline constexpr std::size_t MaximumSubfileNesting = 16;
-/// Subfiles in a load: small files that include each other twice end here in seconds.
-inline constexpr int MaximumSubfiles = 65'536;
+/// Subfiles and images that a load asks for, together; an image counts once for each of its names. Small files that
+/// include each other twice end here in seconds.
+inline constexpr int MaximumFilesAskedFor = 65'536;
+/// Characters of the name of a file: what a system can open, and what leads nowhere isn't kept.
+inline constexpr int MaximumNameLength = 4'096;
+/// Characters of all missing files that a load notes: more than a host would show.
+inline constexpr std::size_t MaximumMissingCharacters = 4'194'304;
 /// Text that a load passes over by parsing before it uses what it remembers of earlier passes: DEF'ed nodes inside one
 /// another would cost two to the power of their depth.
 inline constexpr std::uint64_t PassedOverAnew = 16ULL << 20U;

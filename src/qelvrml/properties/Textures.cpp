@@ -4,10 +4,13 @@
 #include <limits>
 #include <memory>
 #include <new>
+#include <optional>
+#include <utility>
 
 #include "qelvrml/dictionary/CVRMLDictionaryTextures.h"
 #include "qelvrml/dictionary/Recording.h"
 #include "qelvrml/files/MissingFiles.h"
+#include "qelvrml/foundation/AsciiCase.h"
 #include "qelvrml/foundation/Numbers.h"
 #include "qelvrml/parser/load/Budget.h"
 #include "qelvrml/parser/load/LoadState.h"
@@ -16,8 +19,12 @@
 #include "qelvrml/parser/reading/PassingOver.h"
 #include "qelvrml/platform/brixex/brixMatrixFunctions.h"
 #include "qelvrml/platform/brixex/textures/CKelTextureManager.h"
+#include "qelvrml/platform/brixex/textures/ImageFile.h"
+#include "qelvrml/platform/fileint/FileText.h"
 
+using qelvrml::KnownImages;
 using qelvrml::NodeReader;
+using qelvrml::ParserInternals;
 using qelvrml::Record;
 
 namespace {
@@ -47,34 +54,73 @@ bool TakeWrap(CVRMLParser& parser, VRMLTokenTypes keyword, TextureWrapTypes& wra
   return true;
 }
 
-// Looks an image up in the folders that the host has named. What wasn't found once in a load isn't looked for again.
-CBasicString FindInHostFolders(CVRMLParser& parser, const qelvrml::FileReference& url) {
-  auto& missing = qelvrml::ParserInternals::Load(parser).MissingTextures;
-  if (url.Name.GetLength() == 0 || missing.count(std::u16string(url.Name.GetView())) > 0) return {};
-  const CKelTextureManager& manager = *parser.GetTextureManager();
-  CBasicString path = manager.FindTextureFilenameUsingAlternatePaths(url.Name);
-  if (path.GetLength() > 0) return path;
-  missing.emplace(url.Name.GetView());
-  if (!url.IsName) return {};
-  const std::vector<CBasicString> candidates = manager.GetAlternatePathsOf(url.Name);
-  if (candidates.empty()) qelvrml::NoteMissingFile(parser, url.Name);
-  for (const CBasicString& candidate : candidates) qelvrml::NoteMissingFile(parser, candidate);
-  return {};
+KnownImages& ImagesOf(CVRMLParser& parser) {
+  KnownImages& images = ParserInternals::Load(parser).Images;
+  const CKelTextureManager* manager = parser.GetTextureManager();
+  if (images.Manager != manager) images = {.Manager = manager, .ByUrl = {}, .ByFile = {}};
+  return images;
 }
 
-// The id of the image in a file; -1 if it can't be read, or is more than the load may make.
-int LoadTexture(CVRMLParser& parser, const CBasicString& path) {
-  CKelFileInterface file;
-  if (file.Open(path)) {
-    qelvrml::ParserInternals::Load(parser).Made.AddInput(static_cast<std::uint64_t>(file.GetFileSize()));
-  }
+// Reads the image in an opened file; -1 if it can't be decoded, or is more than the load may make.
+int LoadTexture(CVRMLParser& parser, CKelFileInterface& file, const CBasicString& path) {
+  ParserInternals::Load(parser).Made.AddInput(static_cast<std::uint64_t>(file.GetFileSize()));
   std::unique_ptr<CKelTexture> texture(new (std::nothrow) CKelTexture);
-  if (!texture || !texture->GenerateTextureFromFile(path)) return -1;
-  const auto pixels = static_cast<std::uint64_t>(texture->GetWidth()) * static_cast<unsigned>(texture->GetHeight());
-  if (!qelvrml::CanMake(parser, {.Pixels = pixels})) return -1;
+  if (!texture || !file.ReadNextBlockFromFile()) return -1;
+  const std::shared_ptr<const qelvrml::FileText> block = file.GetBlock();
+  qelvrml::Image image =
+      qelvrml::DecodeImage({block->begin(), block->GetSize()}, CKelTexture::MostPixels,
+                           [&](std::uint64_t pixels) { return qelvrml::CanMake(parser, {.Pixels = pixels}); });
+  if (!image.Pixels) return -1;
+  texture->SetImage(std::move(image.Pixels), image.Width, image.Height);
+  texture->SetFilename(path);
   const int id = parser.GetTextureManager()->RegisterTexture(texture.get());
   if (id != -1) texture.release();
   return id;
+}
+
+// The id of the image in a file, and nothing without such a file. Textures are shared by the path, and within a load by
+// the file that it leads to.
+std::optional<int> TextureAt(CVRMLParser& parser, const CBasicString& path) {
+  CKelFileInterface file;
+  file.SetFolders(&ParserInternals::Load(parser).Folders);
+  if (!file.Open(path)) return std::nullopt;
+  auto& byFile = ImagesOf(parser).ByFile;
+  const auto place = byFile.find(file.GetIdentity());
+  const CKelTexture* known = parser.GetTextureManager()->GetTexture(path);
+  if (!known && place != byFile.end()) return place->second;
+  const int id = known ? known->GetTextureID() : LoadTexture(parser, file, path);
+  byFile.insert_or_assign(file.GetIdentity(), id);
+  return id;
+}
+
+// Looks an image up in the folders that the host has named, once for each name in a load.
+int TextureInHostFolders(CVRMLParser& parser, const qelvrml::FileReference& url) {
+  if (url.Name.GetLength() == 0 || url.Name.GetLength() > qelvrml::MaximumNameLength) return -1;
+  const std::u16string name(url.Name.GetView());
+  auto& byUrl = ImagesOf(parser).ByUrl;
+  const auto place = byUrl.find(name);
+  if (place != byUrl.end()) return place->second;
+  if (!ParserInternals::Load(parser).AskForFile()) return -1;
+  const std::vector<CBasicString> candidates = parser.GetTextureManager()->GetAlternatePathsOf(url.Name);
+  std::optional<int> id;
+  for (auto path = candidates.begin(); path != candidates.end() && !id; ++path) id = TextureAt(parser, *path);
+  byUrl.emplace(name, id.value_or(-1));
+  if (id || !url.IsName) return id.value_or(-1);
+  if (candidates.empty()) qelvrml::NoteMissingFile(parser, url.Name);
+  for (const CBasicString& candidate : candidates) qelvrml::NoteMissingFile(parser, candidate);
+  return -1;
+}
+
+// The id of the image of a URL, at the path that the host gives for it or in its folders; -1 for none.
+int FindTexture(CVRMLParser& parser, const CBasicString& hostPath, const qelvrml::FileReference& url) {
+  // Names of a file system that knows no case; opening finds the file in any case of these letters.
+  const CBasicString path(qelvrml::LowerAscii(hostPath.GetView()));
+  if (path.GetLength() > 0 && path.GetLength() <= qelvrml::MaximumNameLength) {
+    const bool known = parser.GetTextureManager()->GetTexture(path) != nullptr;
+    if (!known && !ParserInternals::Load(parser).AskForFile()) return -1;
+    if (const std::optional<int> id = TextureAt(parser, path)) return *id;
+  }
+  return TextureInHostFolders(parser, url);
 }
 
 /// What an image field says.
@@ -123,6 +169,7 @@ void ParseImageField(CVRMLParser& parser, PixelImage& image, CKelTexture* textur
 bool CVRMLParser::ParseImageTexture() {
   if (!CurrentSeparator || !GetTextureManager()) return qelvrml::PassOverNode(*this);
 
+  const qelvrml::LoadRun run(*this);
   qelvrml::FileReference url;
   TextureWrapTypes wrapS = TextureWrapRepeat;
   TextureWrapTypes wrapT = TextureWrapRepeat;
@@ -134,12 +181,7 @@ bool CVRMLParser::ParseImageTexture() {
     url = reader.TakeFirstUrl();
   });
 
-  CBasicString path = GetResolvedFile(url.Name);
-  path.MakeLower();  // hosts answer with names of a file system that knows no case; opening finds the file in any case
-  if (!FileExists(path)) path = FindInHostFolders(*this, url);
-  if (path.GetLength() == 0) return false;
-  const CKelTexture* known = GetTextureManager()->GetTexture(path);
-  const int id = known ? known->GetTextureID() : LoadTexture(*this, path);
+  const int id = FindTexture(*this, GetResolvedFile(url.Name), url);
   return id != -1 && DefineTexture(id, wrapS, wrapT);
 }
 

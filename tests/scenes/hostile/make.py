@@ -108,7 +108,20 @@ def swept_points():
     return VRML20 + f"Shape {{ geometry {sweep} }}\n" * 10
 
 
-SCENES = [use_solids, use_transforms, use_caps, use_instance, prototype_words, prototype_transforms,
+def files_dots():
+    """Names of thousands of components that lead nowhere."""
+    names = ("./" * (1000 + 60 * i) + "none.png" for i in range(100))
+    return VRML20 + "Box {}" + "".join(f'ImageTexture {{ url "{name}" }}\n' for name in names)
+
+
+def files_missing():
+    """Missing files, for each of which a careless lookup lists the whole folder."""
+    names = [f"none{i}" for i in range(3000)]
+    nodes = "".join(f'Inline {{ url "{name}.wrl" }} ImageTexture {{ url "{name}.png" }}\n' for name in names)
+    return VRML20 + "Box {}" + nodes
+
+
+SCENES = [files_dots, files_missing, use_solids, use_transforms, use_caps, use_instance, prototype_words, prototype_transforms,
           prototype_prototypes, prototype_values, prototype_fields, prototype_references, instance_text,
           nested_appearances, point_sets, strips, pixels, padded_grids, swept_points]
 
@@ -120,7 +133,7 @@ def main():
         if len(text) <= LARGEST_TEXT:
             (FOLDER / f"{name}.wrl").write_bytes(text)
         else:
-            (FOLDER / f"{name}.wrz").write_bytes(gzip.compress(text, mtime=0))
+            (FOLDER / f"{name}.wrl.gz").write_bytes(gzip.compress(text, mtime=0))
 
 
 if __name__ == "__main__":

@@ -1,21 +1,32 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <set>
 #include <string>
+#include <unordered_map>
 #include <unordered_set>
 #include <utility>
 #include <vector>
 
 #include "qelvrml/parser/load/Budget.h"
 #include "qelvrml/platform/fileint/CKelFileInterface.h"
+#include "qelvrml/platform/fileint/FolderIndex.h"
 #include "qelvrml/platform/system/TemporaryFile.h"
 
+class CKelTextureManager;
 class CVRMLDictionaryEntry;
 class CVRMLParser;
 class CVRMLSeparator;
 
 namespace qelvrml {
+
+/// Ids of the images that a load has come across, as the texture manager gave them; -1 for none.
+struct KnownImages {
+  const CKelTextureManager* Manager = nullptr;            ///< whose ids they are
+  std::unordered_map<std::u16string, int> ByUrl;          ///< looked up in the folders that the host has named
+  std::map<CKelFileInterface::FileIdentity, int> ByFile;  ///< however it was named
+};
 
 /// What one load knows. A LoadRun makes it new, and it ends with that.
 struct LoadState {
@@ -28,10 +39,15 @@ struct LoadState {
 
   std::vector<CKelFileInterface::FileIdentity> FilesBeingRead;  ///< the main file, then the subfiles inside one another
   std::set<std::pair<std::uint64_t, std::uint64_t>> FilesRead;  ///< by device and number; their bytes count once
-  int SubfilesAskedFor = 0;
-  std::unordered_set<std::u16string> MissingFiles;     ///< paths that couldn't be opened
-  std::unordered_set<std::u16string> MissingTextures;  ///< URLs of images that weren't found
-  TemporaryFile Unpacked;                              ///< the file that CreateTemporaryFilename has opened
+  FolderIndex Folders;                                          ///< of all files that are looked for
+  int FilesAskedFor = 0;
+  std::unordered_set<std::u16string> MissingFiles;  ///< paths that couldn't be opened
+  std::size_t MissingCharacters = 0;                ///< of these
+  KnownImages Images;
+  TemporaryFile Unpacked;  ///< the file that CreateTemporaryFilename has opened
+
+  /// Counts one more file that the scene asks for; false if it has asked for all that it may.
+  bool AskForFile() { return FilesAskedFor < MaximumFilesAskedFor && ++FilesAskedFor > 0; }
 
   int PassingOver = 0;              ///< stretches inside one another that are passed over by parsing
   std::uint64_t OutermostPass = 0;  ///< tells one outermost stretch from the others

@@ -11,12 +11,21 @@
 
 #include "qelvrml/foundation/TextConversion.h"
 #include "qelvrml/platform/fileint/FileText.h"
-#include "qelvrml/platform/fileint/PathLookup.h"
+#include "qelvrml/platform/fileint/FolderIndex.h"
 
 namespace {
 
-// Opening mustn't wait, as it would for the other end of a pipe.
-int OpenDescriptor(const std::string& path) { return open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK); }
+// -1 and an error for anything but a regular file. To open a pipe or a device can have effects, so it is looked at
+// first; the path may lead elsewhere a moment later, and then the opening doesn't wait.
+int OpenDescriptor(const std::string& path) {
+  struct stat status {};
+  if (stat(path.c_str(), &status) != 0) return -1;
+  if (!S_ISREG(status.st_mode)) {
+    errno = EINVAL;
+    return -1;
+  }
+  return open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
+}
 
 }  // namespace
 
@@ -33,7 +42,7 @@ bool CKelFileInterface::Open(const CBasicString& path, FileInterfaceTypes /*type
   if (!narrow || narrow->empty() || narrow->find('\0') != std::string::npos) return false;
   Descriptor = OpenDescriptor(*narrow);
   if (Descriptor < 0 && errno == ENOENT) {
-    const std::string found = qelvrml::FindIgnoringCase(*narrow);
+    const std::string found = Folders ? Folders->Find(*narrow) : qelvrml::FolderIndex().Find(*narrow);
     if (!found.empty()) Descriptor = OpenDescriptor(found);
   }
   struct stat status {};

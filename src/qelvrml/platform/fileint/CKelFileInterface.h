@@ -9,6 +9,7 @@
 
 namespace qelvrml {
 class FileText;
+class FolderIndex;
 }  // namespace qelvrml
 
 /// How a file is to be opened.
@@ -18,9 +19,9 @@ enum FileInterfaceTypes : std::uint32_t {
 
 /// Reads a file: its first bytes, or the whole of it into memory.
 ///
-/// Only regular files are opened. Without a file of the exact path, one whose path differs only in case is taken if it
-/// is the only one. The file is read, never mapped, so that a file that shrinks meanwhile does no harm. A copy is
-/// closed.
+/// Only regular files are opened. Without a file of the exact path, one whose path differs only in the case of ASCII
+/// letters is taken if it is the only one. The file is read, never mapped, so that a file that shrinks meanwhile does
+/// no harm. A copy is closed.
 class QELVRML_EXPORT CKelFileInterface {
 public:
   /// Tells a file from all others, by whatever path it was opened.
@@ -29,12 +30,19 @@ public:
     std::uint64_t Number = 0;
 
     bool operator==(const FileIdentity& other) const = default;
+    bool operator<(const FileIdentity& other) const {
+      return Device != other.Device ? Device < other.Device : Number < other.Number;
+    }
   };
 
   CKelFileInterface() = default;
   CKelFileInterface(const CKelFileInterface& /*other*/) {}
   CKelFileInterface& operator=(const CKelFileInterface& other);
   ~CKelFileInterface() { Close(); }
+
+  /// Lets this object look for other cases of a path through an index that outlives it; null for one of its own at each
+  /// opening.
+  void SetFolders(qelvrml::FolderIndex* folders) { Folders = folders; }
 
   /// Opens for reading from the first byte; a file that is open is closed first.
   bool Open(const CBasicString& path);
@@ -59,6 +67,7 @@ public:
 private:
   std::size_t ReadBytes(char* data, std::size_t count);
 
+  qelvrml::FolderIndex* Folders = nullptr;
   int Descriptor = -1;
   std::size_t FileSize = 0;
   FileIdentity Identity;

@@ -4,6 +4,8 @@
 #include <cstddef>
 #include <string_view>
 
+#include "qelvrml/foundation/AsciiCase.h"
+
 namespace qelvrml {
 
 /// What a byte of the input is to the tokenizer.
@@ -49,8 +51,5 @@ constexpr CharacterTable MakeCharacterTable(bool withShiftCodes) {
 
 inline constexpr CharacterTable FileCharacters = MakeCharacterTable(false);
 inline constexpr CharacterTable BufferCharacters = MakeCharacterTable(true);
-
-/// Upper-case form of an ASCII letter; any other byte as it is.
-constexpr char ToUpperAscii(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
 
 }  // namespace qelvrml

@@ -1,14 +1,13 @@
 #include "qelvrml/platform/system/TemporaryFile.h"
 
+#include <fcntl.h>
 #include <sys/types.h>
 #include <unistd.h>
-#include <cstdlib>
 
 #include <cerrno>
 #include <csignal>
+#include <cstdlib>
 #include <ctime>
-#include <filesystem>
-#include <system_error>
 
 namespace qelvrml {
 namespace {
@@ -38,16 +37,28 @@ private:
   bool WasPending = false;
 };
 
+std::string SystemTemporaryFolder() {
+  for (const char* name : {"TMPDIR", "TMP", "TEMP", "TEMPDIR"}) {
+    const char* folder = std::getenv(name);
+    if (folder && *folder) return folder;
+  }
+  return "/tmp";
+}
+
 }  // namespace
 
 std::string TemporaryFile::Create(const std::string& prefix, const std::string& extension) {
-  Close();
-  std::error_code error;
-  const std::filesystem::path folder = std::filesystem::temp_directory_path(error);
-  if (error) return {};
-  std::string path = (folder / (prefix + "XXXXXX" + extension)).string();
-  Descriptor = mkstemps(path.data(), static_cast<int>(extension.size()));
-  return Descriptor >= 0 ? path : std::string();
+  Remove();
+  std::string folder = SystemTemporaryFolder() + '/' + prefix + "XXXXXX";
+  Path = folder + '/' + prefix + "XXXXXX" + extension;
+  if (!mkdtemp(folder.data())) return {};
+  Folder = folder;
+  Path.replace(0, Folder.size(), Folder);
+  Descriptor = mkostemps(Path.data(), static_cast<int>(extension.size()), O_CLOEXEC);
+  if (Descriptor >= 0) return Path;
+  Path.clear();
+  Remove();
+  return {};
 }
 
 bool TemporaryFile::Write(const char* bytes, std::size_t count) {
@@ -65,6 +76,14 @@ bool TemporaryFile::Write(const char* bytes, std::size_t count) {
 void TemporaryFile::Close() {
   if (Descriptor >= 0) close(Descriptor);
   Descriptor = -1;
+}
+
+void TemporaryFile::Remove() {
+  Close();
+  if (!Path.empty()) unlink(Path.c_str());
+  if (!Folder.empty()) rmdir(Folder.c_str());
+  Path.clear();
+  Folder.clear();
 }
 
 }  // namespace qelvrml

@@ -1,11 +1,14 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <zlib.h>
 
 #include <cstdint>
 #include <fstream>
 #include <set>
+#include <tuple>
 
 #include "qelvrml/platform/brixex/textures/CKelTexture.h"
+#include "qelvrml/platform/brixex/textures/ImageFile.h"
 #include "support/Model.h"
 
 namespace {
@@ -83,6 +86,81 @@ TEST(ImageFile, FilesThatBreakOff) {
   }
   EXPECT_TRUE(Decoded(Read("huge.gif")).Values.empty()) << "a screen of too many pixels";
   EXPECT_TRUE(Decoded("BM").Values.empty());
+}
+
+std::string Bytes(std::initializer_list<int> values) { return {values.begin(), values.end()}; }
+
+// A grey progressive JPEG file whose scans but the first hold nothing; tables with one code each.
+std::string JpegOfScans(int width, int height, int scans) {
+  std::string file = Bytes({0xFF, 0xD8, 0xFF, 0xDB, 0, 67, 0}) + std::string(64, '\1');
+  file += Bytes({0xFF, 0xC2, 0, 11, 8, height >> 8, height & 0xFF, width >> 8, width & 0xFF, 1, 1, 0x11, 0});
+  for (const int table : {0x00, 0x10})
+    file += Bytes({0xFF, 0xC4, 0, 20, table, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0});
+  file +=
+      Bytes({0xFF, 0xDA, 0, 8, 1, 1, 0, 0, 0, 0}) + std::string(static_cast<std::size_t>(width * height / 512), '\0');
+  for (int i = 1; i < scans; ++i) file += Bytes({0xFF, 0xDA, 0, 8, 1, 1, 0, 1, 63, 0});
+  return file + Bytes({0xFF, 0xD9});
+}
+
+// Scans cost time even if they hold nothing: 500 are read, and 2^30 pixels of all scans together.
+TEST(ImageFile, TheScansOfAFileAreBounded) {
+  for (const auto& [size, scans, decoded] :
+       {std::tuple(8, 1, true), std::tuple(8, 500, true), std::tuple(8, 501, false), std::tuple(8, 4001, false),
+        std::tuple(4096, 64, true), std::tuple(4096, 65, false)})
+    EXPECT_EQ(!Decoded(JpegOfScans(size, size, scans)).Values.empty(), decoded) << size << " " << scans;
+}
+
+std::string BigEndian(int value) { return Bytes({value >> 24, value >> 16, value >> 8, value}); }
+
+std::string Chunk(const std::string& type, const std::string& data) {
+  const std::string body = type + data;
+  const auto check = crc32(0, reinterpret_cast<const Bytef*>(body.data()), static_cast<uInt>(body.size()));
+  return BigEndian(static_cast<int>(data.size())) + body + BigEndian(static_cast<int>(check));
+}
+
+std::string PngHeader(int width, int height, int bits) {
+  return "\x89PNG\r\n\x1a\n" + Chunk("IHDR", BigEndian(width) + BigEndian(height) + Bytes({bits, 0, 0, 0, 0})) +
+         Chunk("IDAT", "");
+}
+
+// 16,777,216 pixels, and more for each byte of the file: 4096 more need 256, 512, 205 and 128 bytes. What it costs is
+// asked before memory is taken.
+TEST(ImageFile, ASizeIsInProportionToTheFile) {
+  const auto gif = [](int width) {
+    return "GIF89a" + Bytes({width, width >> 8, 0, 0x10, 0, 0, 0}) + "," + Bytes({0, 0, 0, 0, 1, 0, 1, 0, 0, 2, 0});
+  };
+  struct Case {
+    std::string File;
+    std::size_t Enough;
+    std::uint64_t Cost;
+  };
+  for (const auto& [file, enough, cost] :
+       {Case{PngHeader(4096, 4096, 8), 0, 2}, Case{PngHeader(4097, 4096, 8), 256, 2},
+        Case{PngHeader(4097, 4096, 16), 512, 8}, Case{gif(4096), 0, 2}, Case{gif(4097), 128, 2},
+        Case{JpegOfScans(4097, 4096, 1).substr(0, 200), 205, 3}}) {
+    for (const std::size_t size : {enough > 0 ? enough - 1 : file.size(), std::max(enough, file.size())}) {
+      std::uint64_t asked = 0;
+      const qelvrml::Image image =
+          qelvrml::DecodeImage(file + std::string(size - file.size(), '\0'), 67'108'864, [&](std::uint64_t pixels) {
+            asked = pixels;
+            return false;
+          });
+      EXPECT_EQ(asked / 4096 / 4096, size < enough ? 0U : cost) << enough;
+      EXPECT_FALSE(image.Pixels);
+    }
+  }
+}
+
+// Chunks that don't tell the colours aren't even looked at: texts, profiles, and what has no name.
+TEST(ImageFile, OnlyThePixelsOfAPngFileAreUnpacked) {
+  const std::string tile = Read("tile.png");
+  const std::size_t behindHeader = 8 + 25;
+  const auto with = [&](const std::string& chunk) {
+    return Decoded(tile.substr(0, behindHeader) + chunk + tile.substr(behindHeader)).Values;
+  };
+  EXPECT_EQ(with(Chunk("zTXt", "a")), Decoded(tile).Values);
+  EXPECT_EQ(with(Chunk("a\1cd", "")), Decoded(tile).Values);
+  EXPECT_TRUE(with(Chunk("ABCD", "")).empty()) << "one that must be understood";
 }
 
 }  // namespace

@@ -1,6 +1,5 @@
 #include "qelvrml/platform/brixex/packing/CKelCompress.h"
 
-#include <strings.h>
 #include <zip.h>
 
 #include <cstdlib>
@@ -8,6 +7,8 @@
 #include <memory>
 #include <optional>
 #include <string_view>
+
+#include "qelvrml/foundation/AsciiCase.h"
 
 namespace {
 
@@ -42,7 +43,7 @@ bool IsHidden(std::string_view name) {
 bool IsScene(std::string_view name) {
   constexpr std::string_view Extension = ".wrl";
   return name.size() >= Extension.size() &&
-         strcasecmp(name.data() + name.size() - Extension.size(), Extension.data()) == 0;
+         qelvrml::LowerAscii(name.substr(name.size() - Extension.size())) == Extension;
 }
 
 std::optional<zip_uint64_t> ChooseMember(zip_t* archive) {

@@ -2,6 +2,7 @@
 
 #include <new>
 #include <string_view>
+#include <utility>
 
 #include "qelvrml/platform/brixex/textures/ImageFile.h"
 #include "qelvrml/platform/fileint/CKelFileInterface.h"
@@ -18,11 +19,16 @@ bool CKelTexture::GenerateTextureFromFile(const CBasicString& filename) {
   CKelFileInterface file;
   if (!file.Open(filename) || !file.ReadNextBlockFromFile()) return false;
   const auto block = file.GetBlock();
-  qelvrml::Image image = qelvrml::DecodeImage({block->begin(), block->GetSize()}, MostPixels);
+  qelvrml::Image image = qelvrml::DecodeImage({block->begin(), block->GetSize()}, MostPixels,
+                                              [](std::uint64_t /*pixels*/) { return true; });
   if (!image.Pixels) return false;
-  Pixels = std::move(image.Pixels);
-  Width = image.Width;
-  Height = image.Height;
+  SetImage(std::move(image.Pixels), image.Width, image.Height);
   Filename = filename;
   return true;
+}
+
+void CKelTexture::SetImage(std::unique_ptr<SKelTexturePixel[]> pixels, int width, int height) {
+  Pixels = std::move(pixels);
+  Width = width;
+  Height = height;
 }

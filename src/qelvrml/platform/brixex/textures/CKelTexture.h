@@ -18,13 +18,16 @@ public:
   virtual ~CKelTexture() = default;
 
   /// Reads the image of a PNG, JPEG or GIF file and takes the file's name. False for a file that can't be read or
-  /// decoded, and for an image of more than MostPixels.
+  /// decoded, for an image of more than MostPixels, and for one whose size is out of all proportion to its file's.
   bool GenerateTextureFromFile(const CBasicString& filename);
   /// Makes room for `count` pixels, all zero; false for more than MostPixels and when there is no memory.
   bool AllocatePixelArray(unsigned int count);
   /// Null without room; else as many pixels as were asked for.
   SKelTexturePixel* GetPixelArray() { return Pixels.get(); }
   const SKelTexturePixel* GetPixelArray() const { return Pixels.get(); }
+
+  /// Takes over an image of `width` x `height` pixels.
+  void SetImage(std::unique_ptr<SKelTexturePixel[]> pixels, int width, int height);
 
   int GetWidth() const { return Width; }
   void SetWidth(int width) { Width = width; }

@@ -6,21 +6,28 @@
 #include <string_view>
 
 #include "qelvrml/platform/fileint/CKelFileInterface.h"
+#include "qelvrml/platform/fileint/FolderIndex.h"
 #include "qelvrml/platform/system/PathParts.h"
 
 namespace {
 
 constexpr std::u16string_view Separators = u"/\\";
 
-// Whether a relative name leads to a place in the folder that it starts from.
-bool StaysInside(std::u16string_view name) {
-  if (name.empty() || Separators.find(name.front()) != std::u16string_view::npos) return false;
+// A relative name with "/" between its components and without those that lead nowhere, "." and empty ones; nothing for
+// a name that leads out of the folder that it starts from.
+std::u16string PathInside(std::u16string_view name) {
+  std::u16string path;
+  if (name.empty() || Separators.find(name.front()) != std::u16string_view::npos) return path;
   while (!name.empty()) {
     const std::size_t end = std::min(name.find_first_of(Separators), name.size());
-    if (name.substr(0, end) == u"..") return false;
+    const std::u16string_view component = name.substr(0, end);
     name.remove_prefix(std::min(end + 1, name.size()));
+    if (component == u"..") return {};
+    if (component.empty() || component == u".") continue;
+    if (!path.empty()) path += u'/';
+    path += component;
   }
-  return true;
+  return path;
 }
 
 }  // namespace
@@ -68,26 +75,26 @@ const CKelTextureCoordinate* CKelTextureManager::FindTextureCoordinate(unsigned 
 
 std::vector<CBasicString> CKelTextureManager::GetAlternatePathsOf(const CBasicString& name) const {
   std::vector<CBasicString> paths;
-  const std::u16string_view whole = name.GetView();
-  const std::u16string_view last = qelvrml::LastComponentOf(whole);
+  const std::u16string whole = PathInside(name.GetView());
+  const std::u16string last = PathInside(qelvrml::LastComponentOf(name.GetView()));
   for (const CBasicString& folder : AlternatePaths) {
-    const auto add = [&](std::u16string_view candidate) {
-      if (!StaysInside(candidate)) return;
+    const auto add = [&](const std::u16string& candidate) {
       std::u16string path(folder.GetView());
       if (!path.empty() && path.back() != u'/') path += u'/';
-      path.append(candidate);
-      std::replace(path.begin() + static_cast<std::ptrdiff_t>(path.size() - candidate.size()), path.end(), u'\\', u'/');
-      paths.emplace_back(path);
+      paths.emplace_back(path + candidate);
     };
-    add(whole);
-    if (last != whole) add(last);
+    if (!whole.empty()) add(whole);
+    if (!last.empty() && last != whole) add(last);
   }
   return paths;
 }
 
 CBasicString CKelTextureManager::FindTextureFilenameUsingAlternatePaths(const CBasicString& name) const {
+  qelvrml::FolderIndex folders;
+  CKelFileInterface file;
+  file.SetFolders(&folders);
   for (const CBasicString& path : GetAlternatePathsOf(name)) {
-    if (CKelFileInterface().Open(path)) return path;
+    if (file.Open(path)) return path;
   }
   return {};
 }

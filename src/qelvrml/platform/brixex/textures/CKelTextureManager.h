@@ -34,7 +34,7 @@ public:
   /// Adds a folder in which images are looked for.
   void AddAlternatePath(const CBasicString& folder) { AlternatePaths.push_back(folder); }
   /// The paths at which an image is looked for, in their order: in each folder the name as it stands, if it stays
-  /// inside the folder, then its last component.
+  /// inside the folder, then its last component; both without components "." and empty ones.
   std::vector<CBasicString> GetAlternatePathsOf(const CBasicString& name) const;
   /// The first of these paths that names a file; empty if none does.
   CBasicString FindTextureFilenameUsingAlternatePaths(const CBasicString& name) const;
