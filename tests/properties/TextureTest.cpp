@@ -130,7 +130,8 @@ TEST_F(TextureTest, TheListOfMissingFilesIsBounded) {
   std::string scene;
   for (int i = 1000; i < 2500; ++i) scene += "ImageTexture{url\"" + std::to_string(i) + std::string(4000, 'x') + "\"}";
   std::size_t characters = 0;
-  for (const CBasicString& path : LoadShapes(scene).Parser->GetMissingFiles())
+  const Model model = LoadShapes(scene);
+  for (const CBasicString& path : model.Parser->GetMissingFiles())
     characters += static_cast<std::size_t>(path.GetLength());
   EXPECT_LE(characters, 4'194'304U);
   EXPECT_GT(characters, 4'194'304U - 4'096U - Scenes.size());
