@@ -1,8 +1,9 @@
 // Writes a scene with a node twice, and the same scene with a DEF and a USE of that node: the objects are the same.
 //
 // The scene comes from a grammar, which the bytes lead through, and from nodes whose names can be used: a name of an
-// indexed set, a colour or an appearance by itself leads to nothing. Names of objects and groups differ, and so may the
-// order in which groups hold the objects.
+// indexed set, a colour or an appearance by itself leads to nothing. A set has its own coordinates: one that has
+// nothing to work on at its DEF is not recorded, and the range of a set of points is recorded as it was cut there.
+// Names of objects and groups differ, and so may the order in which groups hold the objects.
 
 #include <array>
 
@@ -91,12 +92,14 @@ private:
   }
 
   std::string Set() {
+    const std::string before = Version20 ? "" : Coordinates();
     const std::string coord = Version20 ? "coord " + Coordinates() : "";
-    switch (Choice.Below(4)) {
-      case 0: return "IndexedFaceSet { " + coord + "coordIndex " + Indices() + "} ";
-      case 1: return "IndexedLineSet { " + coord + "coordIndex " + Indices() + "materialIndex " + Indices() + "} ";
-      case 2: return "PointSet { " + coord + "} ";
-      default: return "IndexedFaceSet { coordIndex " + Indices() + "materialIndex " + Indices() + "} ";
+    switch (Choice.Below(3)) {
+      case 0:
+        return before + "IndexedFaceSet { " + coord + "coordIndex " + Indices() + "materialIndex " + Indices() + "} ";
+      case 1:
+        return before + "IndexedLineSet { " + coord + "coordIndex " + Indices() + "materialIndex " + Indices() + "} ";
+      default: return before + "PointSet { " + coord + "} ";
     }
   }
 
