@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <png.h>
 
 #include <clocale>
 
@@ -121,6 +122,31 @@ TEST_F(TextureTest, TheNumberOfFilesIsBounded) {
   for (const auto& [more, textures] :
        {std::pair("Inline{url\"a\"}", 1), std::pair("Inline{url\"a\"}Inline{url\"b\"}", 0)}) {
     const Model model = LoadShapes(half + more + Textured("ImageTexture { url \"tile.png\" }"));
+    EXPECT_EQ(model.World->GetTextureManager()->GetNumberTextures(), textures);
+  }
+}
+
+// Four images of 4096 x 4096 pixels take 20 steps a pixel and 20,000 a name, 1,342,257,280. A load has 1,200,000,000,
+// and 500 for each byte that it reads.
+TEST_F(TextureTest, ImagesPayForTheirDecoding) {
+  png_image image{};
+  image.version = PNG_IMAGE_VERSION;
+  image.width = image.height = 4096;
+  image.format = PNG_FORMAT_GRAY;
+  std::string scene;
+  std::size_t bytes = 0;
+  for (int i = 0; i < 4; ++i) {
+    const std::string name = std::to_string(i) + ".png";
+    const std::string path = Folder.Write(name, "");
+    ASSERT_TRUE(png_image_write_to_file(&image, path.c_str(), 0, std::string(4096 * 4096, '\0').data(), 0, nullptr));
+    bytes += std::filesystem::file_size(path);
+    scene += "ImageTexture { url \"" + name + "\" }\n";
+  }
+  const std::size_t needed = (1'342'257'280U - 1'200'000'000U) / 500U - bytes;
+  for (const auto& [blanks, textures] : {std::pair(needed / 2, 3), std::pair(needed, 4)}) {
+    Model model;
+    model.World->GetTextureManager()->AddAlternatePath(Folder.Path().c_str());
+    LoadInto(model, scene + std::string(blanks, ' '));
     EXPECT_EQ(model.World->GetTextureManager()->GetNumberTextures(), textures);
   }
 }

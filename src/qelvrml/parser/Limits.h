@@ -50,7 +50,8 @@ inline constexpr std::uint64_t StepsOfAnExpandedByte = 20;
 inline constexpr std::uint64_t StepsOfACapturedByte = 60;  ///< of an instance, or of the body of a prototype
 inline constexpr std::uint64_t StepsOfAStatement = 500;    ///< in text that isn't read for the first time
 inline constexpr std::uint64_t StepsOfAMergedField = 300;
-inline constexpr std::uint64_t StepsOfASubfile = 20'000;
+inline constexpr std::uint64_t StepsOfASubfile = 20'000;   ///< or of an image that is looked for
+inline constexpr std::uint64_t StepsOfADecodedPixel = 10;  ///< times the cost of a pixel of its kind of file
 
 /// Points of an extrusion's mesh: 400 MB.
 inline constexpr std::uint64_t MaximumMeshPoints = 33'554'432;

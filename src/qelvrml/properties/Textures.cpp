@@ -68,8 +68,9 @@ int LoadTexture(CVRMLParser& parser, CKelFileInterface& file, const CBasicString
   if (!texture || !file.ReadNextBlockFromFile()) return -1;
   const std::shared_ptr<const qelvrml::FileText> block = file.GetBlock();
   qelvrml::Image image =
-      qelvrml::DecodeImage({block->begin(), block->GetSize()}, CKelTexture::MostPixels,
-                           [&](std::uint64_t pixels) { return qelvrml::CanMake(parser, {.Pixels = pixels}); });
+      qelvrml::DecodeImage({block->begin(), block->GetSize()}, CKelTexture::MostPixels, [&](std::uint64_t pixels) {
+        return qelvrml::CanMake(parser, {.Pixels = pixels, .Steps = pixels * qelvrml::StepsOfADecodedPixel});
+      });
   if (!image.Pixels) return -1;
   texture->SetImage(std::move(image.Pixels), image.Width, image.Height);
   texture->SetFilename(path);
@@ -101,6 +102,7 @@ int TextureInHostFolders(CVRMLParser& parser, const qelvrml::FileReference& url)
   const auto place = byUrl.find(name);
   if (place != byUrl.end()) return place->second;
   if (!ParserInternals::Load(parser).AskForFile()) return -1;
+  if (!qelvrml::CanMake(parser, {.Steps = qelvrml::StepsOfASubfile})) return -1;
   const std::vector<CBasicString> candidates = parser.GetTextureManager()->GetAlternatePathsOf(url.Name);
   std::optional<int> id;
   for (auto path = candidates.begin(); path != candidates.end() && !id; ++path) id = TextureAt(parser, *path);

@@ -27,7 +27,7 @@ struct ImageKind {
 };
 constexpr std::uint64_t PixelsOfAnyFile = 16'777'216;
 constexpr ImageKind PngKind = {16, 2};
-constexpr ImageKind DeepPngKind = {8, 8};  // of 16 bits
+constexpr ImageKind DeepPngKind = {8, 6};  // of 16 bits
 constexpr ImageKind JpegKind = {20, 3};    // a progressive one holds its coefficients
 constexpr ImageKind GifKind = {32, 2};
 /// Pixels of all scans of a JPEG file together: each scan visits all of them, even one without data.
