@@ -39,6 +39,14 @@ bool ReadOpenedFile(CVRMLParser& parser, CVRMLIOManager& subfile) {
   return result;
 }
 
+// Whether a file may be read: it isn't being read already, and what a later reading costs is left. Asked before its
+// text is read, which takes time as well.
+bool MayRead(CVRMLParser& parser, const CKelFileInterface& file, bool again) {
+  const auto& reading = ParserInternals::Load(parser).FilesBeingRead;
+  if (std::find(reading.begin(), reading.end(), file.GetIdentity()) != reading.end()) return false;
+  return !again || CanMake(parser, {.ExpandedText = static_cast<std::uint64_t>(file.GetFileSize())});
+}
+
 bool ReadSubfile(CVRMLParser& parser, const CBasicString& path, bool noteIfMissing) {
   const LoadRun run(parser);
   LoadState& load = ParserInternals::Load(parser);
@@ -46,22 +54,23 @@ bool ReadSubfile(CVRMLParser& parser, const CBasicString& path, bool noteIfMissi
   if (!CanMake(parser, {.Steps = StepsOfASubfile})) return false;
   if (load.MissingFiles.count(std::u16string(path.GetView())) > 0) return false;
   CVRMLIOManager subfile;
-  subfile.GetFileInterface().SetFolders(&load.Folders);
+  CKelFileInterface& file = subfile.GetFileInterface();
+  file.SetFolders(&load.Folders);
+  if (!file.Open(path) && noteIfMissing) NoteMissingFile(parser, path);
+  if (!file.GetFileHandleIsValid()) return false;
+  const bool again = load.FilesRead.count(file.GetIdentity()) > 0;
+  if (!MayRead(parser, file, again)) return false;
+  load.FilesRead.insert(file.GetIdentity());
   subfile.SetFilename(path);
   const VRMLLoadResultTypes opened = subfile.OpenFile();
   if (opened == VRMLLoadOpenFailed && noteIfMissing) NoteMissingFile(parser, path);
   if (opened != VRMLLoadOK) return false;
-  const CKelFileInterface::FileIdentity identity = subfile.GetFileInterface().GetIdentity();
-  const auto& reading = load.FilesBeingRead;
-  if (std::find(reading.begin(), reading.end(), identity) != reading.end()) return false;
 
   const auto size = static_cast<std::uint64_t>(subfile.GetTotalFileSize());
-  const bool again = !load.FilesRead.emplace(identity.Device, identity.Number).second;
-  if (again && !CanMake(parser, {.ExpandedText = size})) return false;
   if (!again) load.Made.AddInput(size);
   if (load.PassingOver > 0) load.PassedOver += size;
   const ScopedValue<int> rereading(load.Rereading, load.Rereading + (again ? 1 : 0));
-  const FileBeingRead beingRead(load, identity);
+  const FileBeingRead beingRead(load, file.GetIdentity());
   return ReadOpenedFile(parser, subfile);
 }
 

@@ -190,6 +190,8 @@ bool CVRMLParser::DefineExtrusionCap(int row, int pointsInRow, const brixFloatPo
     generator.AddLoop(loop);
   }
   generator.DetermineInteriorExteriorLoops();
+  const auto crossings = static_cast<std::uint64_t>(generator.GetCrossingCount());
+  if (!qelvrml::PayForSteps(*this, crossings * qelvrml::StepsOfACrossing)) return false;
   OwningList<brixComplexPolygon> polygons;
   generator.CreateCompPolyList(polygons);
   const brixMatrix4x4 toWorld = GetInverseMatrix(toPlane);

@@ -61,6 +61,14 @@ KnownImages& ImagesOf(CVRMLParser& parser) {
   return images;
 }
 
+// Gives a texture to the manager under a path; -1 if it doesn't take it.
+int RegisterAs(CVRMLParser& parser, std::unique_ptr<CKelTexture> texture, const CBasicString& path) {
+  texture->SetFilename(path);
+  const int id = parser.GetTextureManager()->RegisterTexture(texture.get());
+  if (id != -1) texture.release();
+  return id;
+}
+
 // Reads the image in an opened file; -1 if it can't be decoded, or is more than the load may make.
 int LoadTexture(CVRMLParser& parser, CKelFileInterface& file, const CBasicString& path) {
   ParserInternals::Load(parser).Made.AddInput(static_cast<std::uint64_t>(file.GetFileSize()));
@@ -73,14 +81,21 @@ int LoadTexture(CVRMLParser& parser, CKelFileInterface& file, const CBasicString
       });
   if (!image.Pixels) return -1;
   texture->SetImage(std::move(image.Pixels), image.Width, image.Height);
-  texture->SetFilename(path);
-  const int id = parser.GetTextureManager()->RegisterTexture(texture.get());
-  if (id != -1) texture.release();
-  return id;
+  return RegisterAs(parser, std::move(texture), path);
 }
 
-// The id of the image in a file, and nothing without such a file. Textures are shared by the path, and within a load by
-// the file that it leads to.
+// A texture of another name with the image of one that the load has read already; -1 if that had none.
+int ShareTexture(CVRMLParser& parser, int known, const CBasicString& path) {
+  const CKelTexture* image = parser.GetTextureManager()->GetTextureAt(known - 1);
+  if (!image || !qelvrml::CanMake(parser, {.Objects = 1})) return -1;
+  std::unique_ptr<CKelTexture> texture(new (std::nothrow) CKelTexture);
+  if (!texture) return -1;
+  texture->ShareImage(*image);
+  return RegisterAs(parser, std::move(texture), path);
+}
+
+// The id of the image in a file, and nothing without such a file. Textures are known by their paths, and within a load
+// an image is read once, whatever paths lead to its file.
 std::optional<int> TextureAt(CVRMLParser& parser, const CBasicString& path) {
   CKelFileInterface file;
   file.SetFolders(&ParserInternals::Load(parser).Folders);
@@ -88,7 +103,7 @@ std::optional<int> TextureAt(CVRMLParser& parser, const CBasicString& path) {
   auto& byFile = ImagesOf(parser).ByFile;
   const auto place = byFile.find(file.GetIdentity());
   const CKelTexture* known = parser.GetTextureManager()->GetTexture(path);
-  if (!known && place != byFile.end()) return place->second;
+  if (!known && place != byFile.end()) return ShareTexture(parser, place->second, path);
   const int id = known ? known->GetTextureID() : LoadTexture(parser, file, path);
   byFile.insert_or_assign(file.GetIdentity(), id);
   return id;

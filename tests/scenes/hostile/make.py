@@ -43,6 +43,12 @@ def use_caps():
     return uses(f"Shape {{ geometry Extrusion {{ crossSection [ {' '.join(corners)} ] spine [ 0 0 0 0 1 0 ] }} }}")
 
 
+def use_stars():
+    """Outlines that cross themselves some hundreds of times."""
+    corners = [f"{math.cos(i * 19 * 2 * math.pi / 41):.3f} {math.sin(i * 19 * 2 * math.pi / 41):.3f}" for i in range(42)]
+    return uses(f"Shape {{ geometry Extrusion {{ crossSection [ {' '.join(corners)} ] spine [ 0 0 0 0 1 0 ] }} }}")
+
+
 def use_instance():
     return uses("P { }").replace("DEF a0", f"PROTO P [ ] {{ {'a ' * 1000} }}\nDEF a0", 1)
 
@@ -121,9 +127,11 @@ def files_missing():
     return VRML20 + "Box {}" + nodes
 
 
-SCENES = [files_dots, files_missing, use_solids, use_transforms, use_caps, use_instance, prototype_words, prototype_transforms,
-          prototype_prototypes, prototype_values, prototype_fields, prototype_references, instance_text,
-          nested_appearances, point_sets, strips, pixels, padded_grids, swept_points]
+
+
+SCENES = [files_dots, files_missing, use_solids, use_transforms, use_caps, use_stars, use_instance, prototype_words,
+          prototype_transforms, prototype_prototypes, prototype_values, prototype_fields, prototype_references,
+          instance_text, nested_appearances, point_sets, strips, pixels, padded_grids, swept_points]
 
 
 def main():

@@ -16,4 +16,9 @@ bool CanMake(CVRMLParser& parser, const Making& making) {
   return !load.Running || load.Made.Spend(bytes, steps);
 }
 
+bool PayForSteps(CVRMLParser& parser, std::uint64_t steps) {
+  LoadState& load = ParserInternals::Load(parser);
+  return !load.Running || load.Made.SpendDone(steps);
+}
+
 }  // namespace qelvrml

@@ -23,6 +23,13 @@ public:
     return true;
   }
 
+  /// Takes steps that are done already, as far as there are any; false if there weren't enough.
+  bool SpendDone(std::uint64_t steps) {
+    const bool enough = steps <= Steps;
+    Steps -= enough ? steps : Steps;
+    return enough;
+  }
+
 private:
   std::uint64_t Bytes = BytesMadeOfAnyFile;
   std::uint64_t Steps = StepsOfAnyFile;
@@ -42,5 +49,9 @@ struct Making {
 /// Takes what something costs from the budget of the load at hand. False if that isn't enough: then nothing is made.
 /// Outside a load everything can be made: it is the host's own.
 bool CanMake(CVRMLParser& parser, const Making& making);
+
+/// Takes steps that were done before their number was known. False if the load didn't have that many: then what they
+/// have made is dropped, and nothing else that takes steps is made.
+bool PayForSteps(CVRMLParser& parser, std::uint64_t steps);
 
 }  // namespace qelvrml

@@ -6,7 +6,6 @@
 #include <string>
 #include <unordered_map>
 #include <unordered_set>
-#include <utility>
 #include <vector>
 
 #include "qelvrml/parser/load/Budget.h"
@@ -38,7 +37,7 @@ struct LoadState {
   int Rereading = 0;      ///< texts inside one another that aren't read for the first time: instances, and files again
 
   std::vector<CKelFileInterface::FileIdentity> FilesBeingRead;  ///< the main file, then the subfiles inside one another
-  std::set<std::pair<std::uint64_t, std::uint64_t>> FilesRead;  ///< by device and number; their bytes count once
+  std::set<CKelFileInterface::FileIdentity> FilesRead;          ///< subfiles; their bytes count once
   FolderIndex Folders;                                          ///< of all files that are looked for
   int FilesAskedFor = 0;
   std::unordered_set<std::u16string> MissingFiles;  ///< paths that couldn't be opened

@@ -21,7 +21,9 @@ bool CKelCpGenerator::DetermineInteriorExteriorLoops() {
   std::vector<qelvrml::PlanarRing> rings;
   for (const brixFloatPointArray& loop : Loops) rings.push_back(qelvrml::ToRing(loop));
   Polygons.clear();
-  for (const qelvrml::PlanarPolygon& polygon : qelvrml::GroupLoops(rings)) {
+  const qelvrml::LoopGroups groups = qelvrml::GroupLoops(rings);
+  Crossings = static_cast<int>(groups.Crossings);
+  for (const qelvrml::PlanarPolygon& polygon : groups.Polygons) {
     std::vector<brixFloatPointArray> holes;
     for (const qelvrml::PlanarRing& hole : polygon.Holes) holes.push_back(ToPoints(hole));
     Polygons.emplace_back(ToPoints(polygon.Outline), std::move(holes));

@@ -54,10 +54,11 @@ LoopContacts FindContacts(std::span<const PlanarSegment> loops) {
       if (meeting == Meeting::Crossing) ++crossings;
       return crossings <= MaximumCrossings;
     });
-    if (!complete) return LoopContacts::TooMany;
+    if (!complete) return {LoopContactKinds::TooMany, crossings};
   }
   // Each point joins two segments unless it is used twice.
-  return crossings == 0 && joints == segments.size() ? LoopContacts::None : LoopContacts::Some;
+  const bool none = crossings == 0 && joints == segments.size();
+  return {none ? LoopContactKinds::None : LoopContactKinds::Some, crossings};
 }
 
 // Goes from a place outside to each point and counts the segments on the way.

@@ -8,10 +8,15 @@
 
 namespace qelvrml {
 
-enum class LoopContacts {
+enum class LoopContactKinds {
   None,     ///< the loops meet nowhere but where a segment joins the next one
   Some,     ///< there are crossings, points used twice or lines on each other
   TooMany,  ///< more than MaximumCrossings, or too many steps to find out
+};
+
+struct LoopContacts {
+  LoopContactKinds Kind = LoopContactKinds::None;
+  std::size_t Crossings = 0;  ///< pairs of segments that cross or touch, as far as they were counted
 };
 
 /// How loops meet, all of which have an area.

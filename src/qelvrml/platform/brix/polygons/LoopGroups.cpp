@@ -115,23 +115,27 @@ std::vector<PlanarSegment> WithoutShared(std::vector<PlanarSegment> segments) {
   return single;
 }
 
+// The areas that lie inside an odd number of loops that cross, as few faces as make them up.
+std::vector<PlanarPolygon> AlternatingFaces(const PlanarEngine& engine, std::span<const PlanarSegment> loops) {
+  std::vector<PlanarPolygon> faces = FacesInside(engine, Cut(engine, loops), loops);
+  const std::vector<PlanarSegment> sides = SidesOf(faces);
+  const std::vector<PlanarSegment> borders = WithoutShared(sides);
+  if (borders.size() == sides.size()) return faces;
+  return FacesInside(engine, engine.MakeLines(borders), borders);
+}
+
 }  // namespace
 
-std::vector<PlanarPolygon> GroupLoops(std::span<const PlanarRing> loops) {
+LoopGroups GroupLoops(std::span<const PlanarRing> loops) {
   std::vector<PlanarRing> rings;
   std::copy_if(loops.begin(), loops.end(), std::back_inserter(rings),
                [](const PlanarRing& loop) { return loop.size() >= 3 && IsFinite(loop) && HasArea(loop); });
   const std::vector<PlanarSegment> segments = SegmentsOf(rings);
   const LoopContacts contacts = FindContacts(segments);
-  if (segments.empty() || contacts == LoopContacts::TooMany) return {};
-
+  if (segments.empty() || contacts.Kind == LoopContactKinds::TooMany) return {{}, contacts.Crossings};
   const PlanarEngine engine;
-  if (contacts == LoopContacts::None) return FacesInside(engine, engine.MakeLines(rings), segments);
-  std::vector<PlanarPolygon> faces = FacesInside(engine, Cut(engine, segments), segments);
-  const std::vector<PlanarSegment> sides = SidesOf(faces);
-  const std::vector<PlanarSegment> borders = WithoutShared(sides);
-  if (borders.size() == sides.size()) return faces;
-  return FacesInside(engine, engine.MakeLines(borders), borders);
+  if (contacts.Kind == LoopContactKinds::None) return {FacesInside(engine, engine.MakeLines(rings), segments)};
+  return {AlternatingFaces(engine, segments), contacts.Crossings};
 }
 
 }  // namespace qelvrml

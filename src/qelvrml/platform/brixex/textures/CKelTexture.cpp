@@ -1,6 +1,6 @@
 #include "qelvrml/platform/brixex/textures/CKelTexture.h"
 
-#include <new>
+#include <algorithm>
 #include <string_view>
 #include <utility>
 
@@ -11,8 +11,18 @@
 bool CKelTexture::AllocatePixelArray(unsigned int count) {
   Pixels.reset();
   if (count > MostPixels) return false;
-  Pixels.reset(new (std::nothrow) SKelTexturePixel[count]());
+  Pixels = qelvrml::MakePixels(count);
+  PixelCount = count;
   return Pixels != nullptr;
+}
+
+SKelTexturePixel* CKelTexture::GetPixelArray() {
+  if (Pixels.use_count() > 1) {
+    SKelTexturePixelArray own = qelvrml::MakePixels(PixelCount);
+    if (own) std::copy_n(Pixels.get(), PixelCount, own.get());
+    Pixels = std::move(own);
+  }
+  return Pixels.get();
 }
 
 bool CKelTexture::GenerateTextureFromFile(const CBasicString& filename) {
@@ -27,8 +37,16 @@ bool CKelTexture::GenerateTextureFromFile(const CBasicString& filename) {
   return true;
 }
 
-void CKelTexture::SetImage(std::unique_ptr<SKelTexturePixel[]> pixels, int width, int height) {
+void CKelTexture::SetImage(SKelTexturePixelArray pixels, int width, int height) {
   Pixels = std::move(pixels);
+  PixelCount = static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
   Width = width;
   Height = height;
+}
+
+void CKelTexture::ShareImage(const CKelTexture& other) {
+  Pixels = other.Pixels;
+  PixelCount = other.PixelCount;
+  Width = other.Width;
+  Height = other.Height;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <memory>
 
 #include "qelvrml/foundation/CBasicString.h"
@@ -23,11 +24,14 @@ public:
   /// Makes room for `count` pixels, all zero; false for more than MostPixels and when there is no memory.
   bool AllocatePixelArray(unsigned int count);
   /// Null without room; else as many pixels as were asked for.
-  SKelTexturePixel* GetPixelArray() { return Pixels.get(); }
+  /// Pixels that another texture has as well become this one's own, so that they can be written.
+  SKelTexturePixel* GetPixelArray();
   const SKelTexturePixel* GetPixelArray() const { return Pixels.get(); }
 
   /// Takes over an image of `width` x `height` pixels.
-  void SetImage(std::unique_ptr<SKelTexturePixel[]> pixels, int width, int height);
+  void SetImage(SKelTexturePixelArray pixels, int width, int height);
+  /// Takes the size and the pixels of another texture, which both have until one asks to write them.
+  void ShareImage(const CKelTexture& other);
 
   int GetWidth() const { return Width; }
   void SetWidth(int width) { Width = width; }
@@ -41,7 +45,8 @@ public:
   void SetFilename(const CBasicString& name) { Filename = name; }
 
 private:
-  std::unique_ptr<SKelTexturePixel[]> Pixels;
+  std::shared_ptr<SKelTexturePixel[]> Pixels;
+  std::size_t PixelCount = 0;
   int Width = 0;
   int Height = 0;
   int TextureID = -1;

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <cstdlib>
+#include <memory>
+
 /// What happens to texture coordinates outside 0 to 1.
 enum TextureWrapTypes {
   TextureWrapClamp = 0,   ///< the border's colour goes on
@@ -14,6 +17,14 @@ struct SKelTexturePixel {
   unsigned char Alpha = 0;
 };
 static_assert(sizeof(SKelTexturePixel) == 4, "pixels are shared with hosts as four bytes each");
+
+/// Frees pixels from the system's allocator.
+struct SKelTexturePixelDeleter {
+  void operator()(SKelTexturePixel* pixels) const { std::free(pixels); }
+};
+
+/// Owns pixels from the system's allocator.
+using SKelTexturePixelArray = std::unique_ptr<SKelTexturePixel[], SKelTexturePixelDeleter>;
 
 /// Scale of texture coordinates.
 struct SKelTextureScale {

@@ -47,7 +47,7 @@ struct ImageMaker {
     if (static_cast<std::uint64_t>(width) > most / static_cast<std::uint64_t>(height)) return image;
     const auto pixels = static_cast<std::size_t>(width * height);
     if (!MayMake(pixels * kind.Cost)) return image;
-    image.Pixels.reset(new (std::nothrow) SKelTexturePixel[pixels]());
+    image.Pixels = MakePixels(pixels);
     image.Width = static_cast<int>(width);
     image.Height = static_cast<int>(height);
     return image;
@@ -209,6 +209,10 @@ private:
 };
 
 }  // namespace
+
+SKelTexturePixelArray MakePixels(std::size_t count) {
+  return SKelTexturePixelArray(static_cast<SKelTexturePixel*>(std::calloc(count, sizeof(SKelTexturePixel))));
+}
 
 Image DecodeImage(std::string_view file, std::size_t mostPixels, const PixelTest& mayMake) {
   const ImageMaker maker = {file.size(), mostPixels, mayMake};

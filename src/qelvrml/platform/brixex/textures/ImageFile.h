@@ -14,8 +14,11 @@ namespace qelvrml {
 struct Image {
   int Width = 0;
   int Height = 0;
-  std::unique_ptr<SKelTexturePixel[]> Pixels;  ///< null for no image
+  SKelTexturePixelArray Pixels;  ///< null for no image
 };
+
+/// Pixels that are all zero; null without memory. Those that nobody writes take none.
+SKelTexturePixelArray MakePixels(std::size_t count);
 
 /// Says whether an image may be made. What its pixels and its decoding cost is given as a number of pixels.
 using PixelTest = std::function<bool(std::uint64_t pixels)>;
