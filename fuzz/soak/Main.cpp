@@ -87,8 +87,10 @@ std::string Read(const fs::path& path) {
 std::vector<std::string> Gather(const std::vector<fs::path>& folders, const fs::path& scratch) {
   std::map<std::pair<std::size_t, fs::path>, fs::path> files;
   for (std::size_t i = 0; i < folders.size(); ++i) {
-    for (const auto& entry : fs::recursive_directory_iterator(folders[i])) {
-      if (entry.is_regular_file()) files.emplace(std::pair(i, fs::relative(entry.path(), folders[i])), entry.path());
+    for (auto entry = fs::recursive_directory_iterator(folders[i]); entry != fs::end(entry); ++entry) {
+      // Those take as long as a load may, and their damaged copies as well.
+      if (entry->path().filename() == "hostile") entry.disable_recursion_pending();
+      if (entry->is_regular_file()) files.emplace(std::pair(i, fs::relative(entry->path(), folders[i])), entry->path());
     }
   }
   std::vector<std::string> scenes;
