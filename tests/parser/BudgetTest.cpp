@@ -30,19 +30,27 @@ brixDoubleArray Heights(int count) {
   return heights;
 }
 
+/// A load with an open scope.
+struct Loading {
+  Loading() {
+    Parser.SetWorld(&World);
+    Parser.DefineSeparator();
+    Parser.DefineCoordinate3(FivePoints());
+  }
+  qelvrml::Budget& Made() { return qelvrml::ParserInternals::Load(Parser).Made; }
+
+  CKelWorld World;
+  CVRMLParser Parser;
+  const qelvrml::LoadRun Run{Parser};
+};
+
 /// How many objects an operation makes that may make things for so many bytes. Its result tells whether it made any.
 int MadeWithin(std::uint64_t bytes, const std::function<bool(CVRMLParser&)>& make) {
-  CKelWorld world;
-  CVRMLParser parser;
-  parser.SetWorld(&world);
-  parser.DefineSeparator();
-  parser.DefineCoordinate3(FivePoints());
-  const qelvrml::LoadRun run(parser);
-  EXPECT_TRUE(qelvrml::ParserInternals::Load(parser).Made.Spend(qelvrml::BytesMadeOfAnyFile - bytes, 0));
-  const bool result = make(parser);
-  parser.PopSeparator();
-  EXPECT_EQ(result, world.GetNumObjects() > 0);
-  return world.GetNumObjects();
+  Loading load;
+  EXPECT_TRUE(load.Made().Spend(qelvrml::BytesMadeOfAnyFile - bytes, 0));
+  const bool result = make(load.Parser);
+  EXPECT_EQ(result, load.World.GetNumObjects() > 0);
+  return load.World.GetNumObjects();
 }
 
 // Both sides of each price: what fits exactly is made, and for a byte less nothing is.
@@ -117,18 +125,33 @@ TEST(Budget, ASmallFileCannotMultiplyItself) {
 
 // What takes time is refused for want of steps alone, and behind it what takes fewer is made.
 TEST(Budget, TimeCountsAsWellAsMemory) {
-  CKelWorld world;
-  CVRMLParser parser;
-  parser.SetWorld(&world);
-  parser.DefineSeparator();
-  const qelvrml::LoadRun run(parser);
+  Loading load;
   const std::uint64_t box = qelvrml::StepsOfAnObject + qelvrml::StepsOfASolid + 8 * qelvrml::StepsOfAPoint;
-  EXPECT_TRUE(qelvrml::ParserInternals::Load(parser).Made.Spend(0, qelvrml::StepsOfAnyFile - box));
-  EXPECT_FALSE(parser.DefineSphere(1));
-  EXPECT_TRUE(parser.DefineCube(1, 1, 1));
-  EXPECT_FALSE(parser.DefineCube(1, 1, 1));
-  qelvrml::ParserInternals::Load(parser).Made.AddInput(box / qelvrml::StepsOfAByte + 1);
-  EXPECT_TRUE(parser.DefineCube(1, 1, 1));
+  EXPECT_TRUE(load.Made().Spend(0, qelvrml::StepsOfAnyFile - box));
+  EXPECT_FALSE(load.Parser.DefineSphere(1));
+  EXPECT_TRUE(load.Parser.DefineCube(1, 1, 1));
+  EXPECT_FALSE(load.Parser.DefineCube(1, 1, 1));
+  load.Made().AddInput(box / qelvrml::StepsOfAByte + 1);
+  EXPECT_TRUE(load.Parser.DefineCube(1, 1, 1));
+}
+
+// A bow tie with wings of two sizes crosses itself once, which is known when it is cut: its cap is paid behind that, or
+// dropped with all that is left.
+TEST(Budget, CrossingsOfACapPay) {
+  brixFloatPointArray bow;
+  for (const brixFloatPoint& point : {brixFloatPoint(0, 0, 0), {3, 0, 3}, {3, 0, 0}, {0, 0, 1}, {0, 0, 0}})
+    bow.Append(point);
+  for (const std::uint64_t missing : {0U, 1U}) {
+    Loading load;
+    const std::uint64_t cap = 5 * qelvrml::StepsOfACapCorner + qelvrml::StepsOfACrossing;
+    const std::uint64_t triangles =
+        2 * (qelvrml::StepsOfAnObject + 3 * qelvrml::StepsOfAPoint + 4 * qelvrml::StepsOfAnIndex);
+    EXPECT_TRUE(load.Made().Spend(0, qelvrml::StepsOfAnyFile - cap + missing));
+    if (missing == 0) load.Made().AddInput(triangles / qelvrml::StepsOfAByte + 1);
+    EXPECT_EQ(load.Parser.DefineExtrusionCap(0, 5, bow), missing == 0);
+    EXPECT_EQ(load.World.GetNumObjects(), missing == 0 ? 2 : 0);
+    EXPECT_FALSE(load.Made().Spend(0, qelvrml::StepsOfAByte));
+  }
 }
 
 // The first reading of a file is its own payment; each later one is paid like expanded text.
@@ -137,32 +160,24 @@ TEST(Budget, AFileThatIsReadAgainPays) {
   const std::string text = "#VRML V2.0 utf8\n" + std::string(1'000'000, ' ') + "Box {}";
   const std::string path = folder.Write("part.wrl", text);
   const std::uint64_t readings = 1 + qelvrml::StepsOfAnyFile / (text.size() * qelvrml::StepsOfAnExpandedByte);
-  CKelWorld world;
-  CVRMLParser parser;
-  parser.SetWorld(&world);
-  parser.DefineSeparator();
-  const qelvrml::LoadRun run(parser);
+  Loading load;
   std::uint64_t done = 0;
-  while (parser.ParseSubfile(path.c_str())) ++done;
+  while (load.Parser.ParseSubfile(path.c_str())) ++done;
   EXPECT_GT(done, readings * 9 / 10);
-  EXPECT_LE(done, readings + text.size() * qelvrml::StepsOfAByte / (text.size() * qelvrml::StepsOfAnExpandedByte));
+  EXPECT_LE(done, readings + qelvrml::StepsOfAByte / qelvrml::StepsOfAnExpandedByte);
 }
 
 // What a file makes in its subfiles is paid together, and their bytes count.
 TEST(Budget, SubfilesAddWhatTheyHold) {
-  CKelWorld world;
-  CVRMLParser parser;
-  parser.SetWorld(&world);
-  parser.DefineSeparator();
   const TemporaryFolder folder;
   const std::string text = "#VRML V2.0 utf8\nSphere {} Sphere {}";  // 36 bytes: 9216
   const std::string path = folder.Write("part.wrl", text);
-  const qelvrml::LoadRun run(parser);
-  EXPECT_TRUE(qelvrml::ParserInternals::Load(parser).Made.Spend(qelvrml::BytesMadeOfAnyFile, 0));
-  EXPECT_FALSE(parser.DefineSphere(1));
-  EXPECT_TRUE(parser.ParseSubfile(path.c_str()));
+  Loading load;
+  EXPECT_TRUE(load.Made().Spend(qelvrml::BytesMadeOfAnyFile, 0));
+  EXPECT_FALSE(load.Parser.DefineSphere(1));
+  EXPECT_TRUE(load.Parser.ParseSubfile(path.c_str()));
   int more = 0;
-  while (parser.DefineSphere(1)) ++more;
+  while (load.Parser.DefineSphere(1)) ++more;
   EXPECT_EQ(more, static_cast<int>(text.size() * 256 / 512) - 2);
 }
 

@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <clocale>
 #include <cstring>
 #include <utility>
 
@@ -139,6 +140,21 @@ TEST(PrototypeField, StepsOfAMerge) {
   CVRMLPrototype::AddUnusedFields(prototype.GetFields(), &sum, &pieces, count, &out);
   EXPECT_EQ(written, "a.1.c.1") << "blanks are left to whoever has filled the buffer";
   values.RemoveAllValues();
+}
+
+// A long s is an S in upper case to a locale that knows it, and so is a small dotless i an I; to a type it is neither.
+TEST(PrototypeField, TypesKnowNoLocale) {
+  ASSERT_TRUE(std::setlocale(LC_ALL, "C.UTF-8"));
+  for (const auto& [name, type] : {std::pair(u"sfImage", VRMLFieldSFIMAGE),
+                                   {u"\u017Ffimage", VRMLFieldUnknown},
+                                   {u"sf\u0131mage", VRMLFieldUnknown}}) {
+    CVRMLPrototypeField field;
+    CBasicString text(name);
+    field.SetTypeFromName(text);
+    EXPECT_EQ(field.GetType(), type);
+    EXPECT_EQ(text, CBasicString(u"SFIMAGE")) << "the text itself follows the locale";
+  }
+  std::setlocale(LC_ALL, "C");
 }
 
 class CaptureTest : public testing::Test {
