@@ -98,18 +98,27 @@ void ReadDefinedName(CVRMLParser& parser) {
   }
 }
 
-// Text that is read for the first time is its own payment.
+// Text that is read for the first time is its own payment. Nodes that run on beyond their end are read anew from there,
+// and in such nodes others do the same.
 bool CanReadStatement(CVRMLParser& parser) {
-  return qelvrml::ParserInternals::Load(parser).Rereading == 0 ||
-         qelvrml::CanMake(parser, {.Steps = qelvrml::StepsOfAStatement});
+  const bool again = !parser.GetSkippingBlock() && parser.GetIOManager()->IsReadAgain();
+  if (!again && qelvrml::ParserInternals::Load(parser).Rereading == 0) return true;
+  return qelvrml::CanMake(parser, {.Steps = again ? qelvrml::StepsOfAnotherReading : qelvrml::StepsOfAStatement});
 }
 
 bool ParseGroupKeyword(CVRMLParser& parser, int& depth) {
-  if (!CanReadStatement(parser) || qelvrml::AtOpenSeparatorLimit(parser)) return qelvrml::PassOverUnopened(parser);
+  if (!CanReadStatement(parser)) return qelvrml::PassOverUnpaid(parser);
+  if (qelvrml::AtOpenSeparatorLimit(parser)) return qelvrml::PassOverUnopened(parser);
   if (parser.GetVersion() == VRMLVersion20) return parser.ParseGroup();
   if (!parser.ParseSeparator()) return false;
   ++depth;
   return true;
+}
+
+bool ParseNode(CVRMLParser& parser, VRMLTokenTypes type, NodeParser parse) {
+  if (!CanReadStatement(parser)) return qelvrml::PassOverUnpaid(parser);
+  const bool unopened = OpensSeparator(type, parser.GetVersion()) && qelvrml::AtOpenSeparatorLimit(parser);
+  return unopened ? qelvrml::PassOverUnopened(parser) : (parser.*parse)();
 }
 
 // Handles the statement at the current token; true if it is the last one of the block.
@@ -131,9 +140,7 @@ bool Dispatch(CVRMLParser& parser, bool& result, int& depth) {
     default: break;
   }
   if (const NodeParser parse = FindNodeParser(type)) {
-    const bool unopened = !CanReadStatement(parser) ||
-                          (OpensSeparator(type, parser.GetVersion()) && qelvrml::AtOpenSeparatorLimit(parser));
-    result = unopened ? qelvrml::PassOverUnopened(parser) : (parser.*parse)();
+    result = ParseNode(parser, type, parse);
   }
   return false;
 }

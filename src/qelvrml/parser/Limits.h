@@ -49,7 +49,9 @@ inline constexpr std::uint64_t StepsOfAnIndex = 20;
 inline constexpr std::uint64_t StepsOfAReplay = 250;
 inline constexpr std::uint64_t StepsOfAnExpandedByte = 35;
 inline constexpr std::uint64_t StepsOfACapturedByte = 100;  ///< of an instance, or of the body of a prototype
-inline constexpr std::uint64_t StepsOfAStatement = 500;     ///< in text that isn't read for the first time
+inline constexpr std::uint64_t StepsOfAStatement = 1'000;   ///< of an instance, or of a file that is read again
+inline constexpr std::uint64_t StepsOfAnotherReading =
+    5'000;  ///< of a statement behind a node that ran on beyond its end
 inline constexpr std::uint64_t StepsOfAMergedField = 300;
 inline constexpr std::uint64_t StepsOfASubfile = 20'000;   ///< or of an image that is looked for
 inline constexpr std::uint64_t StepsOfADecodedPixel = 10;  ///< times the cost of a pixel of its kind of file

@@ -75,6 +75,7 @@ bool ReadChildren(CVRMLParser& parser, const CGenericIOState& children, bool res
   CGenericIOState end;
   parser.SaveIOState(end);
   if (parser.RestoreIOState(children)) NodeReader(parser).ParseNodeOrList(result);
+  parser.GetIOManager()->NoteHowFarWasRead();
   parser.RestoreIOState(end);
   parser.PopSeparator();
   return result;

@@ -44,6 +44,7 @@ bool CVRMLParser::ParseShape() {
     if (keyword == VRMLTokenAPPEARANCE || keyword == VRMLTokenTEXTURETRANSFORM) result = ParseBlock();
     if (keyword == VRMLTokenGEOMETRY) SkipBlock(true);
   });
+  IOManager.NoteHowFarWasRead();
   RestoreIOState(start);
   reader.WhileInNode([&](VRMLTokenTypes keyword) {
     Tokenize();

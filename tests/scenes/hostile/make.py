@@ -127,11 +127,19 @@ def files_missing():
     return VRML20 + "Box {}" + nodes
 
 
+def transforms_run_on():
+    """Lists that don't end with their nodes: the rest is read as a part of each, and again behind it."""
+    return VRML20 + "DEF a Transform { children [ Transform ] }\n" * 150
 
 
-SCENES = [files_dots, files_missing, use_solids, use_transforms, use_caps, use_stars, use_instance, prototype_words,
-          prototype_transforms, prototype_prototypes, prototype_values, prototype_fields, prototype_references,
-          instance_text, nested_appearances, point_sets, strips, pixels, padded_grids, swept_points]
+def shapes_run_on():
+    return VRML20 + "Shape { appearance Appearance { material Group { children [ Shape ] } } geometry Box { } }\n" * 80
+
+
+SCENES = [files_dots, files_missing, transforms_run_on, shapes_run_on, use_solids, use_transforms, use_caps, use_stars,
+          use_instance, prototype_words, prototype_transforms, prototype_prototypes, prototype_values, prototype_fields,
+          prototype_references, instance_text, nested_appearances, point_sets, strips, pixels, padded_grids,
+          swept_points]
 
 
 def main():

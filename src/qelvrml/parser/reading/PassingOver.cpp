@@ -56,6 +56,14 @@ bool PassOverUnopened(CVRMLParser& parser) {
   return false;
 }
 
+bool PassOverUnpaid(CVRMLParser& parser) {
+  CVRMLIOManager& tokens = *parser.GetIOManager();
+  if (!tokens.IsReadAgain()) return PassOverUnopened(parser);
+  tokens.GoBehindWhatWasRead();
+  MarkPrototypeNames(parser);
+  return false;
+}
+
 void PassOverStatement(CVRMLParser& parser) {
   const NodeReader reader(parser);
   parser.MoveUpToInterestingToken();

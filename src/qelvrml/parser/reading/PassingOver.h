@@ -27,6 +27,9 @@ bool TryPassOverByParsing(CVRMLParser& parser);
 /// passed over so much text that ends are remembered.
 bool StepOverPassedStretch(CVRMLParser& parser, bool& result);
 
+/// Passes over a statement that the load can't pay for: goes behind all that was read already, or over the node. False.
+bool PassOverUnpaid(CVRMLParser& parser);
+
 bool PassOverNode(CVRMLParser& parser);
 bool PassOverUnopened(CVRMLParser& parser);
 void PassOverStatement(CVRMLParser& parser);

@@ -116,7 +116,7 @@ bool CGenericParser::FindBlockEnd(GenericTokenTypes open, GenericTokenTypes clos
 std::size_t CGenericParser::RememberStretch(const char* begin, std::uint64_t pass, bool result) {
   if (!Reading.Source || begin < Reading.Source->Text->begin() || begin > Reading.Position) return 0;
   Reading.Source->StretchesOf(pass).insert_or_assign(
-      begin, qelvrml::PassedStretch{Reading.Position, Reading.Current, Reading.Next, result});
+      begin, qelvrml::PassedStretch{{Reading.Position, Reading.Current, Reading.Next}, result});
   return static_cast<std::size_t>(Reading.Position - begin);
 }
 
@@ -125,9 +125,27 @@ bool CGenericParser::StepOverStretch(std::uint64_t pass, bool& result) {
   const auto& stretches = Reading.Source->StretchesOf(pass);
   const auto stretch = stretches.find(Reading.Current.Begin);
   if (stretch == stretches.end()) return false;
-  Reading.Position = stretch->second.Position;
-  Reading.Current = stretch->second.Current;
-  Reading.Next = stretch->second.Next;
+  GoTo(stretch->second.End);
   result = stretch->second.Result;
   return true;
+}
+
+void CGenericParser::GoTo(const qelvrml::ReadingPlace& place) {
+  Reading.Position = place.Position;
+  Reading.Current = place.Current;
+  Reading.Next = place.Next;
+}
+
+void CGenericParser::NoteHowFarWasRead() {
+  if (!Reading.Source || IsReadAgain()) return;
+  Reading.Source->Furthest = {Reading.Position, Reading.Current, Reading.Next};
+}
+
+bool CGenericParser::IsReadAgain() const {
+  const char* furthest = Reading.Source ? Reading.Source->Furthest.Position : nullptr;
+  return furthest && Reading.Position < furthest;
+}
+
+void CGenericParser::GoBehindWhatWasRead() {
+  if (IsReadAgain()) GoTo(Reading.Source->Furthest);
 }

@@ -15,6 +15,7 @@
 
 namespace qelvrml {
 class KeywordIndex;
+struct ReadingPlace;
 }  // namespace qelvrml
 
 /// Cuts a file, or a buffer in memory, into tokens and keeps a current and a next one.
@@ -85,6 +86,13 @@ public:
   /// Where the current token begins; to be handed to RememberStretch.
   const char* GetCurrentPlace() const { return Reading.Current.Begin; }
 
+  /// To be called before a snapshot is restored that goes back in the text: what lies ahead of the furthest place of
+  /// such calls is being read again from then on.
+  void NoteHowFarWasRead();
+  bool IsReadAgain() const;
+  /// Goes on to the furthest place; nothing moves behind it.
+  void GoBehindWhatWasRead();
+
   /// Reading position and size of the file in bytes, also while a buffer is read; they saturate at the largest int.
   int GetCurrentFileOffset() const;
   int GetTotalFileSize() const;
@@ -117,6 +125,7 @@ protected:
   virtual bool ReadFileHeader() { return true; }
 
 private:
+  void GoTo(const qelvrml::ReadingPlace& place);
   bool AdoptBlock();
   void EndInput();
   void ReadToken(CGenericToken& token);

@@ -10,11 +10,16 @@
 
 namespace qelvrml {
 
-/// Where a stretch of text that was passed over ended.
-struct PassedStretch {
-  const char* Position;
+/// A place of a reading.
+struct ReadingPlace {
+  const char* Position = nullptr;  ///< behind the next token
   CGenericToken Current;
   CGenericToken Next;
+};
+
+/// Where a stretch of text that was passed over ended.
+struct PassedStretch {
+  ReadingPlace End;
   bool Result;  ///< what the one who passed over it had as its result
 };
 
@@ -27,6 +32,9 @@ struct TokenSource {
 
   /// Behind which character the block ends that opens at a character; only for longer blocks.
   mutable std::unordered_map<const char*, const char*> BlockEnds;
+
+  /// The furthest place from which the reading has gone back.
+  mutable ReadingPlace Furthest;
 
   /// Stretches of one outermost pass, by the beginning of their first token. Those of another pass are forgotten.
   std::unordered_map<const char*, PassedStretch>& StretchesOf(std::uint64_t pass) const {
