@@ -3,12 +3,15 @@
 
 #include "qelvrml/platform/brixex/brixPointSorting.h"
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <cmath>
 #include <cstdint>
 #include <numeric>
-#include <unordered_map>
+#include <span>
+#include <tuple>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -17,18 +20,9 @@ constexpr double CellSize = brixFloatPoint::Tolerance;
 // From here on neighbouring floats are further apart than the tolerance, and only equal ones coincide.
 constexpr float CoarseMagnitude = 32.0F;
 // Comparisons for each point. Cells so full that this doesn't suffice hold points that nothing tells apart in practice.
-constexpr std::int64_t ComparisonsOfAPoint = 1000;
+constexpr std::int64_t ComparisonsOfAPoint = 100;
 
 using Cell = std::array<std::int64_t, 3>;
-
-struct CellHash {
-  std::size_t operator()(const Cell& cell) const {
-    std::uint64_t hash = 0;
-    for (const std::int64_t part : cell)
-      hash = (std::rotl(hash, 23) ^ static_cast<std::uint64_t>(part)) * 0x9E3779B97F4A7C15U;
-    return static_cast<std::size_t>(hash ^ (hash >> 32U));
-  }
-};
 
 std::int64_t CellOf(float value) {
   if (std::fabs(value) < CoarseMagnitude) return static_cast<std::int64_t>(std::floor(value / CellSize));
@@ -58,48 +52,82 @@ private:
   std::vector<int> Parents;
 };
 
-using Grid = std::unordered_map<Cell, std::vector<int>, CellHash>;
+struct CellMember {
+  Cell Place;
+  int Index;
+};
+using CellMembers = std::span<const CellMember>;  // of one cell
 
-Grid MakeGrid(std::span<const brixFloatPoint> points, Clusters& clusters) {
-  Grid grid;
-  grid.reserve(points.size());
+// One of equal points is enough, and joined to the others here.
+std::vector<CellMember> MembersOfCells(std::span<const brixFloatPoint> points, Clusters& clusters) {
+  std::vector<CellMember> all;
+  all.reserve(points.size());
   for (std::size_t i = 0; i < points.size(); ++i) {
-    if (!IsNumber(points[i])) continue;
-    std::vector<int>& members = grid[{CellOf(points[i].x), CellOf(points[i].y), CellOf(points[i].z)}];
-    if (!members.empty()) clusters.Join(members.front(), static_cast<int>(i));
-    const auto equal = [&](int member) {
-      const brixFloatPoint& p = points[static_cast<std::size_t>(member)];
-      return p.x == points[i].x && p.y == points[i].y && p.z == points[i].z;
-    };
-    if (members.empty() || !equal(members.back()))
-      members.push_back(static_cast<int>(i));  // one of equal points is enough
+    const brixFloatPoint& p = points[i];
+    if (IsNumber(p)) all.push_back({{CellOf(p.x), CellOf(p.y), CellOf(p.z)}, static_cast<int>(i)});
   }
-  return grid;
+  std::sort(all.begin(), all.end(), [](const CellMember& a, const CellMember& b) {
+    return std::tie(a.Place, a.Index) < std::tie(b.Place, b.Index);
+  });
+  const auto equal = [&points](const CellMember& a, const CellMember& b) {
+    const brixFloatPoint& p = points[static_cast<std::size_t>(a.Index)];
+    const brixFloatPoint& q = points[static_cast<std::size_t>(b.Index)];
+    return p.x == q.x && p.y == q.y && p.z == q.z;
+  };
+  std::size_t kept = 0;
+  for (const CellMember& member : all) {
+    const bool alone = kept == 0 || all[kept - 1].Place != member.Place;
+    if (!alone) clusters.Join(all[kept - 1].Index, member.Index);
+    if (alone || !equal(all[kept - 1], member)) all[kept++] = member;
+  }
+  all.resize(kept);
+  return all;
+}
+
+std::vector<CellMembers> CellsOf(CellMembers members) {
+  std::vector<CellMembers> cells;
+  for (std::size_t begin = 0; begin < members.size();) {
+    std::size_t end = begin + 1;
+    while (end < members.size() && members[end].Place == members[begin].Place) ++end;
+    cells.push_back(members.subspan(begin, end - begin));
+    begin = end;
+  }
+  return cells;
 }
 
 // Joins two cells if a point of one coincides with a point of the other.
-void CompareCells(std::span<const brixFloatPoint> points, const std::vector<int>& a, const std::vector<int>& b,
-                  Clusters& clusters, std::int64_t& comparisons) {
-  if (clusters.Find(a.front()) == clusters.Find(b.front())) return;
-  for (const int i : a) {
-    for (const int j : b) {
+void CompareCells(std::span<const brixFloatPoint> points, CellMembers a, CellMembers b, Clusters& clusters,
+                  std::int64_t& comparisons) {
+  if (clusters.Find(a.front().Index) == clusters.Find(b.front().Index)) return;
+  for (const CellMember& i : a) {
+    for (const CellMember& j : b) {
       if (--comparisons < 0) return;
-      if (points[static_cast<std::size_t>(i)] == points[static_cast<std::size_t>(j)]) {
-        clusters.Join(i, j);
+      if (points[static_cast<std::size_t>(i.Index)] == points[static_cast<std::size_t>(j.Index)]) {
+        clusters.Join(i.Index, j.Index);
         return;
       }
     }
   }
 }
 
-void JoinNeighbours(std::span<const brixFloatPoint> points, const Grid& grid, Clusters& clusters) {
-  constexpr int NeighbourCount = 27;
+// Where neighbours lie in the order of the cells behind a cell; those before it see it as theirs.
+constexpr std::pair<Cell, Cell> NeighbourStretches[] = {
+    {{0, 0, 1}, {0, 0, 1}},  {{0, 1, -1}, {0, 1, 1}}, {{1, -1, -1}, {1, -1, 1}},
+    {{1, 0, -1}, {1, 0, 1}}, {{1, 1, -1}, {1, 1, 1}},
+};
+
+Cell operator+(const Cell& a, const Cell& b) { return {a[0] + b[0], a[1] + b[1], a[2] + b[2]}; }
+
+// Both places move on through the order, so each stretch is found in one pass.
+void JoinNeighbours(std::span<const brixFloatPoint> points, const std::vector<CellMembers>& cells, Clusters& clusters) {
   std::int64_t comparisons = ComparisonsOfAPoint * static_cast<std::int64_t>(points.size());
-  for (const auto& [cell, members] : grid) {
-    for (int n = NeighbourCount / 2 + 1; n < NeighbourCount; ++n) {  // the other half sees this cell as its neighbour
-      const Cell neighbour = {cell[0] + n / 9 - 1, cell[1] + n / 3 % 3 - 1, cell[2] + n % 3 - 1};
-      const auto found = grid.find(neighbour);
-      if (found != grid.end()) CompareCells(points, members, found->second, clusters, comparisons);
+  for (const auto& [low, high] : NeighbourStretches) {
+    auto first = cells.begin();
+    for (const CellMembers& cell : cells) {
+      const Cell& place = cell.front().Place;
+      while (first != cells.end() && first->front().Place < place + low) ++first;
+      for (auto near = first; near != cells.end() && near->front().Place <= place + high; ++near)
+        CompareCells(points, cell, *near, clusters, comparisons);
     }
   }
 }
@@ -110,7 +138,8 @@ bool SortPointArrayForProximity(const brixFloatPointArray& points, brixIntArray&
   const std::size_t count = points.GetSize();
   if (count == 0) return false;
   Clusters clusters(count);
-  JoinNeighbours(points.View(), MakeGrid(points.View(), clusters), clusters);
+  const std::vector<CellMember> members = MembersOfCells(points.View(), clusters);
+  JoinNeighbours(points.View(), CellsOf(members), clusters);
 
   // A counting sort by cluster keeps the indices of a cluster in their order.
   std::vector<int> places(count + 1);
