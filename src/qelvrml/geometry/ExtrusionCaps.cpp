@@ -190,8 +190,7 @@ bool CVRMLParser::DefineExtrusionCap(int row, int pointsInRow, const brixFloatPo
     generator.AddLoop(loop);
   }
   generator.DetermineInteriorExteriorLoops();
-  const auto crossings = static_cast<std::uint64_t>(generator.GetCrossingCount());
-  if (!qelvrml::PayForSteps(*this, crossings * qelvrml::StepsOfACrossing)) return false;
+  if (!qelvrml::PayForSteps(*this, generator.GetCuttingSteps())) return false;
   OwningList<brixComplexPolygon> polygons;
   generator.CreateCompPolyList(polygons);
   const brixMatrix4x4 toWorld = GetInverseMatrix(toPlane);
@@ -234,15 +233,16 @@ bool CVRMLParser::CreateIndexPair(CKelList& pairs, int first, int second) {
 
 // From the largest start to the smallest. The values of the pairs move, not the elements of the list.
 void CVRMLParser::SortIndexPairList(CKelList& pairs, int first, int last) {
+  std::vector<CVRMLLoopIndexPair*> places;
   std::vector<CVRMLLoopIndexPair> values;
-  for (int i = first; i <= last; ++i) {
-    if (const auto* pair = static_cast<CVRMLLoopIndexPair*>(pairs.GetAt(i))) values.push_back(*pair);
+  int position = 0;
+  for (CBasicListElement* element = pairs.GoToFirst(); element; element = element->Next, ++position) {
+    if (position < first || position > last) continue;
+    places.push_back(ItemOf<CVRMLLoopIndexPair>(element));
+    values.push_back(*places.back());
   }
   SortPairs(values);
-  auto value = values.begin();
-  for (int i = first; i <= last; ++i) {
-    if (auto* pair = static_cast<CVRMLLoopIndexPair*>(pairs.GetAt(i))) *pair = *value++;
-  }
+  for (std::size_t i = 0; i < places.size(); ++i) *places[i] = values[i];
 }
 
 brixMatrix4x4 CVRMLParser::GenerateCapTransform(const brixFloatPointArray& loop) {

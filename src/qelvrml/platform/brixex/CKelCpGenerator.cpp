@@ -22,7 +22,7 @@ bool CKelCpGenerator::DetermineInteriorExteriorLoops() {
   for (const brixFloatPointArray& loop : Loops) rings.push_back(qelvrml::ToRing(loop));
   Polygons.clear();
   const qelvrml::LoopGroups groups = qelvrml::GroupLoops(rings);
-  Crossings = static_cast<int>(groups.Crossings);
+  Steps = groups.Steps;
   for (const qelvrml::PlanarPolygon& polygon : groups.Polygons) {
     std::vector<brixFloatPointArray> holes;
     for (const qelvrml::PlanarRing& hole : polygon.Holes) holes.push_back(ToPoints(hole));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <vector>
 
 #include "qelvrml/foundation/VRMLExport.h"
@@ -14,15 +15,15 @@ public:
   void AddLoop(const brixFloatPointArray& loop);
   /// Finds out which loop is a hole of which: loops at even nesting depth are outlines, those directly inside them
   /// their holes. A loop without area is dropped; where loops cross, the areas between them alternate from outside to
-  /// inside. False if nothing is left, as with more than 8,192 crossings.
+  /// inside. False if nothing is left, as with more than 131,072 crossings.
   bool DetermineInteriorExteriorLoops();
-  /// Pairs of segments that cross or touch, as far as the last call above has counted them.
-  int GetCrossingCount() const { return Crossings; }
+  /// What cutting loops that cross took in the last call above, in steps of about a nanosecond.
+  std::uint64_t GetCuttingSteps() const { return Steps; }
   /// Appends the polygons to the list; the caller owns them.
   void CreateCompPolyList(CKelList& polygons);
 
 private:
   std::vector<brixFloatPointArray> Loops;
   std::vector<brixComplexPolygon> Polygons;
-  int Crossings = 0;
+  std::uint64_t Steps = 0;
 };

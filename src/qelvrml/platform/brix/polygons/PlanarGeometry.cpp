@@ -1,63 +1,30 @@
 #include "qelvrml/platform/brix/polygons/PlanarGeometry.h"
 
-#include <geos_c.h>
-
 #include <algorithm>
-#include <bit>
 #include <cmath>
-#include <cstdint>
 #include <limits>
-#include <unordered_map>
-#include <utility>
-
-#include "qelvrml/platform/brix/polygons/PlanarEngine.h"
 
 namespace qelvrml {
 namespace {
 
-double SignedArea(std::span<const PlanarPoint> ring) {
-  double area = 0.0;
-  for (std::size_t i = 0; i < ring.size(); ++i) {
-    const PlanarPoint& a = ring[i];
-    const PlanarPoint& b = ring[(i + 1) % ring.size()];
-    area += (a[0] - ring[0][0]) * (b[1] - ring[0][1]) - (b[0] - ring[0][0]) * (a[1] - ring[0][1]);
+int SignOf(double value) { return (value > 0.0) - (value < 0.0); }
+
+// The sum is kept as parts that don't overlap, each with the rounding error of the ones above it (Shewchuk's).
+int SignOfSum(const std::array<double, 6>& terms) {
+  std::array<double, 6> parts = {};
+  for (std::size_t i = 0; i < terms.size(); ++i) {
+    double sum = terms[i];
+    for (std::size_t k = 0; k < i; ++k) {
+      const double a = sum;
+      const double b = parts[k];
+      sum = a + b;
+      const double rest = sum - a;
+      parts[k] = (a - (sum - rest)) + (b - rest);
+    }
+    parts[i] = sum;
   }
-  return area / 2.0;
-}
-
-template <typename Visitor>
-void ForEachPoint(PlanarPolygon& polygon, const Visitor& visit) {
-  for (PlanarPoint& point : polygon.Outline) visit(point);
-  for (PlanarRing& hole : polygon.Holes) {
-    for (PlanarPoint& point : hole) visit(point);
-  }
-}
-
-// The polygon at a size at which the geometry library's fixed tolerances don't matter. A power of two rounds nothing.
-PlanarPolygon Enlarge(PlanarPolygon polygon) {
-  constexpr int wanted = 24;
-  double largest = std::numeric_limits<float>::min();
-  ForEachPoint(polygon, [&](const PlanarPoint& p) { largest = std::max({largest, std::fabs(p[0]), std::fabs(p[1])}); });
-  const double factor = std::ldexp(1.0, wanted - std::ilogb(largest));
-  ForEachPoint(polygon, [&](PlanarPoint& p) { p = {p[0] * factor, p[1] * factor}; });
-  return polygon;
-}
-
-struct PointHash {
-  std::size_t operator()(const PlanarPoint& p) const {
-    const auto bits = [](double value) { return std::bit_cast<std::uint64_t>(value + 0.0); };  // one zero only
-    return static_cast<std::size_t>((bits(p[0]) * 0x9E3779B97F4A7C15U) ^
-                                    std::rotl(bits(p[1]) * 0xC2B2AE3D27D4EB4FU, 29));
-  }
-};
-
-using PointIndex = std::unordered_map<PlanarPoint, unsigned, PointHash>;
-
-PointIndex IndexPoints(PlanarPolygon& polygon) {
-  PointIndex index;
-  unsigned next = 0;
-  ForEachPoint(polygon, [&](const PlanarPoint& point) { index.emplace(point, next++); });
-  return index;
+  const auto largest = std::find_if(parts.rbegin(), parts.rend(), [](double part) { return part != 0.0; });
+  return largest == parts.rend() ? 0 : SignOf(*largest);
 }
 
 }  // namespace
@@ -74,28 +41,15 @@ bool IsFinite(const PlanarRing& ring) {
                      [](const PlanarPoint& p) { return std::isfinite(p[0]) && std::isfinite(p[1]); });
 }
 
-std::vector<unsigned> TriangulatePolygon(const PlanarPolygon& polygon) {
-  std::vector<unsigned> corners;
-  if (!IsFinite(polygon.Outline) || !std::all_of(polygon.Holes.begin(), polygon.Holes.end(), IsFinite)) return corners;
-
-  const PlanarEngine engine;
-  PlanarPolygon enlarged = Enlarge(polygon);
-  const PlanarEngine::Geometry shape = engine.MakePolygon(enlarged);
-  if (!shape || GEOSisValid_r(engine.Get(), shape.get()) != 1) return corners;
-  const PlanarEngine::Geometry triangles =
-      engine.Own(GEOSConstrainedDelaunayTriangulation_r(engine.Get(), shape.get()));
-  const PointIndex index = IndexPoints(enlarged);
-  for (const GEOSGeometry* triangle : engine.PartsOf(triangles)) {
-    PlanarRing ring = engine.ReadPolygon(triangle).Outline;
-    if (ring.size() != 3) continue;
-    if (SignedArea(ring) < 0.0) std::swap(ring[1], ring[2]);
-    for (const PlanarPoint& corner : ring) {
-      const auto known = index.find(corner);
-      if (known == index.end()) return {};
-      corners.push_back(known->second);
-    }
-  }
-  return corners;
+int SideOf(const PlanarPoint& a, const PlanarPoint& b, const PlanarPoint& point) {
+  const double left = (a[0] - point[0]) * (b[1] - point[1]);
+  const double right = (a[1] - point[1]) * (b[0] - point[0]);
+  const double area = left - right;
+  // Above what the rounding of the seven operations can be.
+  constexpr double error = 4.0 * std::numeric_limits<double>::epsilon();
+  if (std::fabs(area) > error * (std::fabs(left) + std::fabs(right))) return SignOf(area);
+  // The products of two floats are exact.
+  return SignOfSum({a[0] * b[1], -a[1] * b[0], b[0] * point[1], -b[1] * point[0], point[0] * a[1], -point[1] * a[0]});
 }
 
 }  // namespace qelvrml

@@ -16,32 +16,25 @@ std::uint32_t Spread(std::uint32_t bits) {
 
 }  // namespace
 
-PlanarBox BoxOf(const PlanarSegment& segment) {
-  PlanarBox box{segment.A, segment.A};
-  box.Add({segment.B, segment.B});
-  return box;
-}
-
-std::vector<PlanarSegment> SegmentsOf(std::span<const PlanarRing> loops) {
-  std::vector<PlanarSegment> segments;
-  for (const PlanarRing& loop : loops) {
-    for (std::size_t i = 0; i < loop.size(); ++i) {
-      const PlanarPoint& next = loop[(i + 1) % loop.size()];
-      if (loop[i] != next) segments.push_back({loop[i], next});
-    }
+SegmentTree::Reach::Reach(const PlanarSegment& segment, double distance)
+    : Box(BoxOf(segment)),
+      From(segment.A),
+      Normal{segment.A[1] - segment.B[1], segment.B[0] - segment.A[0]},
+      Width(distance * (std::fabs(Normal[0]) + std::fabs(Normal[1]))) {
+  for (const std::size_t axis : {0U, 1U}) {
+    Box.Low[axis] -= distance;
+    Box.High[axis] += distance;
   }
-  return segments;
 }
 
-// Along a Z-order curve.
-std::vector<std::size_t> OrderByPlace(std::span<const PlanarPoint> points, const PlanarBox& box) {
+std::vector<std::size_t> SegmentTree::OrderByPlace(std::span<const PlanarPoint> points, const PlanarBox& box) {
   std::vector<std::pair<std::uint32_t, std::size_t>> places;
   places.reserve(points.size());
   for (std::size_t i = 0; i < points.size(); ++i) {
     std::uint32_t place = 0;
     for (const std::size_t axis : {0U, 1U}) {
       const double size = box.High[axis] - box.Low[axis];
-      const double cell = size > 0.0 ? std::clamp((points[i][axis] - box.Low[axis]) / size, 0.0, 1.0) * 65'535.0 : 0.0;
+      const double cell = size > 0.0 ? (points[i][axis] - box.Low[axis]) / size * 65'535.0 : 0.0;
       place |= Spread(static_cast<std::uint32_t>(cell)) << axis;
     }
     places.emplace_back(place, i);
@@ -52,15 +45,17 @@ std::vector<std::size_t> OrderByPlace(std::span<const PlanarPoint> points, const
   return order;
 }
 
-SegmentTree::SegmentTree(std::span<const PlanarSegment> segments) {
+SegmentTree::SegmentTree(std::span<const PlanarSegment> segments, std::uint64_t allowedLooks)
+    : AllowedLooks(allowedLooks) {
+  PlanarBox bounds;
   std::vector<PlanarPoint> middles;
   middles.reserve(segments.size());
   for (const auto& [a, b] : segments) {
-    Bounds.Add(BoxOf({a, b}));
+    bounds.Add(BoxOf({a, b}));
     middles.push_back({(a[0] + b[0]) / 2.0, (a[1] + b[1]) / 2.0});
   }
   Segments.reserve(segments.size());
-  for (const std::size_t i : OrderByPlace(middles, Bounds)) Segments.push_back(segments[i]);
+  for (const std::size_t i : OrderByPlace(middles, bounds)) Segments.push_back(segments[i]);
 
   const std::size_t leaves = std::bit_ceil(Segments.size() / LeafSize + 1);
   Nodes.resize(2 * leaves);

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "qelvrml/platform/brix/polygons/PlanarGeometry.h"
+#include "qelvrml/platform/brix/polygons/PolygonTriangles.h"
 
 brixComplexPolygon::brixComplexPolygon(brixFloatPointArray outline, std::vector<brixFloatPointArray> holes)
     : Outline(std::move(outline)), Holes(std::move(holes)) {}

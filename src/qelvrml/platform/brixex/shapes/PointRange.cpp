@@ -3,7 +3,7 @@
 #include <array>
 #include <cmath>
 
-#include "qelvrml/platform/brix/polygons/PlanarGeometry.h"
+#include "qelvrml/platform/brix/polygons/PolygonTriangles.h"
 #include "qelvrml/platform/brixex/brixMatrixFunctions.h"
 
 namespace qelvrml {
