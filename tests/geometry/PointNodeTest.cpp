@@ -52,6 +52,22 @@ TEST(TriangleStrip, StripsFollowOneAnother) {
   for (const brixVector& normal : evaluation.Normals) EXPECT_NEAR(normal.z, 1.0, 1e-6);
 }
 
+// So small a model is scaled to another unit behind the load: there too, each set of coordinates is moved once.
+TEST(TriangleStrip, SetsInTheSameCoordinatesShareThem) {
+  const Model model = Load(R"(Coordinate3 { point [ 0 0 0, 1e-7 0 0, 0 1e-7 0 ] } TriangleStripSet { numVertices [ 3 ] }
+    TriangleStripSet { numVertices [ 3 ] } Translation { translation 1e-7 0 0 } TriangleStripSet { numVertices [ 3 ] }
+    Coordinate3 { point [ 0 0 0, 1e-7 0 0, 0 2e-7 0 ] } TriangleStripSet { numVertices [ 3 ] })");
+  ASSERT_EQ(model.Size(), 4U);
+  const auto points = [&](std::size_t i) {
+    return dynamic_cast<const CKelMultipleTriangleStrip&>(model.Object(i)).GetPoints().View();
+  };
+  const float unit = points(0)[1].x;
+  EXPECT_GT(unit, 1e-5F);
+  EXPECT_EQ(points(0).data(), points(1).data());
+  EXPECT_THAT(points(2)[1], IsPoint(2 * unit, 0, 0));
+  EXPECT_THAT(points(3)[2], IsPoint(unit, 2 * unit, 0));
+}
+
 TEST(TriangleStrip, CountsAreCutToThePoints) {
   const Model model = Load(Ten +
                            "TriangleStripSet { numVertices [ 4 -3 2000000000 5 ] } TriangleStripSet { } "

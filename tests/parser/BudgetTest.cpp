@@ -95,6 +95,12 @@ TEST(Budget, EveryNodePaysForWhatItMakes) {
     EXPECT_EQ(MadeWithin(node.Cost, node.Make), node.Objects) << node.Name;
     EXPECT_EQ(MadeWithin(node.Cost - 1, node.Make) + MadeWithin(0, node.Make), 0) << node.Name;
   }
+  const auto stripsInTheSamePoints = [](CVRMLParser& p) {
+    const bool first = p.DefineTriangleStripSet(Indices({5}));
+    return p.DefineTriangleStripSet(Indices({5})) || first;
+  };
+  EXPECT_EQ(MadeWithin(512 + 5 * 12 + 4 + 512 + 4, stripsInTheSamePoints), 2);
+  EXPECT_EQ(MadeWithin(512 + 5 * 12 + 4 + 512 + 3, stripsInTheSamePoints), 1);
 }
 
 TEST(Budget, GrowsWithTheInputAndTakesNothingThatIsTooMuch) {

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <map>
+#include <memory>
 #include <set>
 #include <string>
 #include <unordered_map>
@@ -19,6 +20,8 @@ class CVRMLParser;
 class CVRMLSeparator;
 
 namespace qelvrml {
+
+class StripCoordinates;
 
 /// Ids of the images that a load has come across, as the texture manager gave them; -1 for none.
 struct KnownImages {
@@ -43,7 +46,8 @@ struct LoadState {
   std::unordered_set<std::u16string> MissingFiles;  ///< paths that couldn't be opened
   std::size_t MissingCharacters = 0;                ///< of these
   KnownImages Images;
-  TemporaryFile Unpacked;  ///< the file that CreateTemporaryFilename has opened
+  std::shared_ptr<const StripCoordinates> LastStrips;  ///< coordinates of the last set of triangle strips
+  TemporaryFile Unpacked;                              ///< the file that CreateTemporaryFilename has opened
 
   /// Counts one more file that the scene asks for; false if it has asked for all that it may.
   bool AskForFile() { return FilesAskedFor < MaximumFilesAskedFor && ++FilesAskedFor > 0; }

@@ -53,6 +53,8 @@ public:
   }
   const T& operator[](std::size_t index) const { return Storage[index]; }
 
+  bool SharesStorage(const brixArray1D& other) const { return Storage == other.Storage && Count == other.Count; }
+
   std::span<const T> View() const { return {Storage, Count}; }
   /// For writing at once: the span is good until the array is next copied or changed.
   std::span<T> Edit() {

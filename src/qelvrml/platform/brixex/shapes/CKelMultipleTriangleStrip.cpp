@@ -1,14 +1,21 @@
 #include "qelvrml/platform/brixex/shapes/CKelMultipleTriangleStrip.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "qelvrml/platform/brix/groups/brixObjectVisitor.h"
+#include "qelvrml/platform/brixex/shapes/StripCoordinates.h"
 
 void CKelMultipleTriangleStrip::SetStrips(const brixFloatPointArray& points, const brixVectorArray& normals,
                                           const brixIntArray& counts) {
-  SetPoints(points, normals);
+  ShareStrips(std::make_shared<const qelvrml::StripCoordinates>(points, normals), counts);
+}
+
+void CKelMultipleTriangleStrip::ShareStrips(std::shared_ptr<const qelvrml::StripCoordinates> coordinates,
+                                            const brixIntArray& counts) {
+  ShareCoordinates(std::move(coordinates));
   Counts = counts;
-  auto left = static_cast<int>(points.GetSize());
+  auto left = static_cast<int>(GetPoints().GetSize());
   for (int& count : Counts.Edit()) {
     count = std::clamp(count, 0, left);
     left -= count;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <memory>
+
 #include "qelvrml/foundation/VRMLExport.h"
 #include "qelvrml/platform/brix/brixArrays.h"
 #include "qelvrml/platform/brixex/shapes/CKelTriangleStrip.h"
@@ -9,6 +11,8 @@ class QELVRML_EXPORT CKelMultipleTriangleStrip : public CKelTriangleStrip {
 public:
   /// `counts` holds the number of points of each strip; what goes beyond the points is cut, a negative count is 0.
   virtual void SetStrips(const brixFloatPointArray& points, const brixVectorArray& normals, const brixIntArray& counts);
+  /// The same in coordinates that other strips may lie in too.
+  void ShareStrips(std::shared_ptr<const qelvrml::StripCoordinates> coordinates, const brixIntArray& counts);
   const brixIntArray& GetPointCounts() const { return Counts; }
 
   const char* GetClassName() const override { return "CKelMultipleTriangleStrip"; }

@@ -1,34 +1,36 @@
 #include "qelvrml/platform/brixex/shapes/CKelTriangleStrip.h"
 
-#include "qelvrml/platform/brix/NormalMatrix.h"
+#include <utility>
+
 #include "qelvrml/platform/brix/groups/brixObjectVisitor.h"
 #include "qelvrml/platform/brixex/shapes/PointRange.h"
+#include "qelvrml/platform/brixex/shapes/StripCoordinates.h"
+
+CKelTriangleStrip::CKelTriangleStrip() : Coordinates(std::make_shared<const qelvrml::StripCoordinates>()) {}
 
 void CKelTriangleStrip::SetPoints(const brixFloatPointArray& points, const brixVectorArray& normals) {
-  Points = points;
-  Normals = normals;
+  ShareCoordinates(std::make_shared<const qelvrml::StripCoordinates>(points, normals));
 }
+
+void CKelTriangleStrip::ShareCoordinates(std::shared_ptr<const qelvrml::StripCoordinates> coordinates) {
+  Coordinates = std::move(coordinates);
+}
+
+const brixFloatPointArray& CKelTriangleStrip::GetPoints() const { return Coordinates->GetPoints(); }
+const brixVectorArray& CKelTriangleStrip::GetNormals() const { return Coordinates->GetNormals(); }
 
 void CKelTriangleStrip::Accept(brixObjectVisitor& visitor) const { visitor.Visit(*this); }
 
 void CKelTriangleStrip::ApplyMatrixToGeometry(const brixMatrix4x4& matrix, brixBool /*updateBox*/) {
-  qelvrml::Transform(Points.Edit(), matrix);
-  const qelvrml::Matrix3x3 m = qelvrml::NormalMatrix(matrix);
-  for (brixVector& n : Normals.Edit()) {
-    const auto component = [&](std::size_t i) {
-      return static_cast<float>(n.x * m[0][i] + n.y * m[1][i] + n.z * m[2][i]);
-    };
-    n = {component(0), component(1), component(2)};
-    n.Normalize();
-  }
+  Coordinates = Coordinates->Move(matrix);
 }
 
-brixBBox CKelTriangleStrip::ComputeBBox() const { return qelvrml::BoxOf(Points.View()); }
+brixBBox CKelTriangleStrip::ComputeBBox() const { return Coordinates->GetBox(); }
 
 brixEReturn CKelTriangleStrip::Evaluate(double /*chordTolerance*/, brixEvaluation& result) const {
   result = {};
   AddPoints(result);
-  AddStrip(0, Points.GetSize(), result);
+  AddStrip(0, GetPoints().GetSize(), result);
   AddNormals(result);
   return result.Triangles.empty() ? brixEFailed : brixEOK;
 }
@@ -42,14 +44,14 @@ void CKelTriangleStrip::AddStrip(unsigned first, unsigned count, brixEvaluation&
 }
 
 void CKelTriangleStrip::AddPoints(brixEvaluation& result) const {
-  result.Points.assign(Points.View().begin(), Points.View().end());
+  result.Points.assign(GetPoints().View().begin(), GetPoints().View().end());
 }
 
 void CKelTriangleStrip::AddNormals(brixEvaluation& result) const {
-  if (Normals.GetSize() != Points.GetSize()) {
+  if (GetNormals().GetSize() != GetPoints().GetSize()) {
     qelvrml::ComputePointNormals(result);
     return;
   }
-  result.Normals.assign(Normals.View().begin(), Normals.View().end());
+  result.Normals.assign(GetNormals().View().begin(), GetNormals().View().end());
   for (brixVector& normal : result.Normals) normal.Normalize();
 }

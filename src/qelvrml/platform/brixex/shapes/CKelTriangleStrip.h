@@ -1,16 +1,25 @@
 #pragma once
 
+#include <memory>
+
 #include "qelvrml/foundation/VRMLExport.h"
 #include "qelvrml/platform/brix/brixArrays.h"
 #include "qelvrml/platform/brix/groups/brixBaseObject.h"
 
+namespace qelvrml {
+class StripCoordinates;
+}  // namespace qelvrml
+
 /// A strip of triangles: each point from the third on makes one with the two before it.
 class QELVRML_EXPORT CKelTriangleStrip : public brixBaseObject {
 public:
+  CKelTriangleStrip();
   /// Normals that don't match the points in number don't count.
   void SetPoints(const brixFloatPointArray& points, const brixVectorArray& normals);
-  const brixFloatPointArray& GetPoints() const { return Points; }
-  const brixVectorArray& GetNormals() const { return Normals; }
+  const brixFloatPointArray& GetPoints() const;
+  const brixVectorArray& GetNormals() const;
+  /// Strips that are given the same coordinates share them, and what the same matrices make of them.
+  void ShareCoordinates(std::shared_ptr<const qelvrml::StripCoordinates> coordinates);
 
   const char* GetClassName() const override { return "CKelTriangleStrip"; }
   void Accept(brixObjectVisitor& visitor) const override;
@@ -27,6 +36,5 @@ protected:
   void AddNormals(brixEvaluation& result) const;
 
 private:
-  brixFloatPointArray Points;
-  brixVectorArray Normals;
+  std::shared_ptr<const qelvrml::StripCoordinates> Coordinates;
 };
