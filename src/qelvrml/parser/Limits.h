@@ -39,7 +39,7 @@ inline constexpr std::uint64_t BytesOfAPixel = 4;
 inline constexpr std::uint64_t BytesOfAReplay = 64;
 inline constexpr std::uint64_t BytesOfAnExpandedByte = 8;
 // The time that they take, with the placing, the scaling and the end of an object.
-inline constexpr std::uint64_t StepsOfAnObject = 1'000;
+inline constexpr std::uint64_t StepsOfAnObject = 1'500;
 inline constexpr std::uint64_t StepsOfASolid = 3'000;  ///< beside those of an object: its box and its corners
 inline constexpr std::uint64_t StepsOfAPoint = 60;
 inline constexpr std::uint64_t StepsOfASweptPoint = 60;  ///< beside those of a point: of an extrusion, or a strip
@@ -47,10 +47,9 @@ inline constexpr std::uint64_t StepsOfACapCorner = 3'000;
 inline constexpr std::uint64_t StepsOfAnIndex = 20;
 inline constexpr std::uint64_t StepsOfAReplay = 250;
 inline constexpr std::uint64_t StepsOfAnExpandedByte = 35;
-inline constexpr std::uint64_t StepsOfACapturedByte = 100;  ///< of an instance, or of the body of a prototype
-inline constexpr std::uint64_t StepsOfAStatement = 1'000;   ///< of an instance, or of a file that is read again
-inline constexpr std::uint64_t StepsOfAnotherReading =
-    5'000;  ///< of a statement behind a node that ran on beyond its end
+inline constexpr std::uint64_t StepsOfACapturedByte = 100;     ///< of an instance, or of the body of a prototype
+inline constexpr std::uint64_t StepsOfAStatement = 1'000;      ///< of an instance, or of a file that is read again
+inline constexpr std::uint64_t StepsOfAnotherReading = 5'000;  ///< of a statement behind a node that ran on
 inline constexpr std::uint64_t StepsOfAMergedField = 300;
 inline constexpr std::uint64_t StepsOfASubfile = 20'000;   ///< or of an image that is looked for
 inline constexpr std::uint64_t StepsOfADecodedPixel = 10;  ///< times the cost of a pixel of its kind of file
