@@ -63,8 +63,7 @@ bool CVRMLParser::ParseCone() {
 bool CVRMLParser::DefineCone(double bottomRadius, double height, bool side, bool bottom) {
   if (!CurrentSeparator) return false;
   const bool closed = bottom || GetVersion() == VRMLVersion10;
-  if (!qelvrml::CanMake(*this, {.Objects = (side ? 1U : 0U) + (closed ? 1U : 0U), .Steps = qelvrml::StepsOfASolid}))
-    return false;
+  if (!qelvrml::CanMake(*this, {.Objects = (side ? 1U : 0U) + (closed ? 1U : 0U), .Solids = 1})) return false;
 
   const brixMatrix4x4 placement = AxisPlacement(height, CurrentSeparator->GetTransformation());
   bool result = false;
@@ -106,7 +105,7 @@ bool CVRMLParser::ParseCylinder() {
 bool CVRMLParser::DefineCylinder(double radius, double height) {
   if (!CurrentSeparator) return false;
   if (qelvrml::IsNearZero(radius) || qelvrml::IsNearZero(height)) return false;
-  constexpr qelvrml::Making SideAndDisks = {.Objects = 3, .Steps = qelvrml::StepsOfASolid};
+  constexpr qelvrml::Making SideAndDisks = {.Objects = 3, .Solids = 1};
   if (!qelvrml::CanMake(*this, SideAndDisks)) return false;
 
   std::unique_ptr<brixCylinder> cylinder(new (std::nothrow) brixCylinder);

@@ -103,7 +103,7 @@ bool CVRMLParser::DefineElevationGrid(bool solid, const brixDoubleArray& heights
   // As lines, every point stands in two of them.
   const auto points = static_cast<std::uint64_t>(count) * (solid ? 1U : 2U);
   const std::uint64_t objects = solid ? 1 : static_cast<std::uint64_t>(columns) + static_cast<std::uint64_t>(rows);
-  if (!qelvrml::CanMake(*this, {.Objects = objects, .Points = points, .Steps = qelvrml::StepsOfASolid})) return false;
+  if (!qelvrml::CanMake(*this, {.Objects = objects, .Solids = 1, .Points = points})) return false;
 
   const auto pointAt = [&](int i, int j) {
     return GetElevationGridPoint(i, j, heights, xDimension, xSpacing, zDimension, zSpacing);

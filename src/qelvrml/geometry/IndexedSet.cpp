@@ -57,8 +57,7 @@ brixIntArray SoundRuns(const brixIntArray& runs, unsigned pointCount) {
 bool AddFaces(CVRMLParser& parser, const brixFloatPointArray& points, const brixIntArray& runs) {
   constexpr unsigned FewestPoints = 3;
   if (points.GetSize() < FewestPoints) return false;
-  if (!qelvrml::CanMake(parser, {.Objects = 1, .Points = points.GetSize(), .Steps = qelvrml::StepsOfASolid}))
-    return false;
+  if (!qelvrml::CanMake(parser, {.Objects = 1, .Solids = 1, .Points = points.GetSize()})) return false;
   std::unique_ptr<CKelPolyface> face(new (std::nothrow) CKelPolyface);
   if (!face) return false;
   face->SetPoints(points, SoundRuns(runs, points.GetSize()), !qelvrml::HasTextures(parser));

@@ -46,8 +46,7 @@ bool CVRMLParser::ParseBox() {
 }
 
 bool CVRMLParser::DefineCube(double width, double height, double depth) {
-  if (!CurrentSeparator ||
-      !qelvrml::CanMake(*this, {.Objects = 1, .Points = brixBox::CornerCount, .Steps = qelvrml::StepsOfASolid}))
+  if (!CurrentSeparator || !qelvrml::CanMake(*this, {.Objects = 1, .Solids = 1, .Points = brixBox::CornerCount}))
     return false;
   const auto w = static_cast<float>(width / 2.0);
   const auto h = static_cast<float>(height / 2.0);
@@ -86,7 +85,7 @@ bool CVRMLParser::ParseSphere() {
 }
 
 bool CVRMLParser::DefineSphere(double radius) {
-  if (!CurrentSeparator || !qelvrml::CanMake(*this, {.Objects = 1, .Steps = 2 * qelvrml::StepsOfASolid})) return false;
+  if (!CurrentSeparator || !qelvrml::CanMake(*this, {.Objects = 1, .Solids = 2})) return false;
 
   std::unique_ptr<brixSphere> sphere(new (std::nothrow) brixSphere);
   if (!sphere) return false;

@@ -39,8 +39,9 @@ inline constexpr std::uint64_t BytesOfAPixel = 4;
 inline constexpr std::uint64_t BytesOfAReplay = 64;
 inline constexpr std::uint64_t BytesOfAnExpandedByte = 8;
 // The time that they take, with the placing, the scaling and the end of an object.
-inline constexpr std::uint64_t StepsOfAnObject = 1'500;
+inline constexpr std::uint64_t StepsOfAnObject = 1'000;
 inline constexpr std::uint64_t StepsOfASolid = 3'000;  ///< beside those of an object: its box and its corners
+inline constexpr std::uint64_t PassedOverShare = 4;    ///< of these two in text that is passed over: a quarter
 inline constexpr std::uint64_t StepsOfAPoint = 60;
 inline constexpr std::uint64_t StepsOfASweptPoint = 60;  ///< beside those of a point: of an extrusion, or a strip
 inline constexpr std::uint64_t StepsOfACapCorner = 3'000;

@@ -9,10 +9,13 @@ bool CanMake(CVRMLParser& parser, const Making& making) {
   const std::uint64_t bytes = making.Objects * BytesOfAnObject + making.Points * BytesOfAPoint +
                               making.Indices * BytesOfAnIndex + making.Pixels * BytesOfAPixel +
                               making.Replays * BytesOfAReplay + making.ExpandedText * BytesOfAnExpandedByte;
-  const std::uint64_t steps = making.Objects * StepsOfAnObject + making.Points * StepsOfAPoint +
-                              making.Indices * StepsOfAnIndex + making.Replays * StepsOfAReplay +
-                              making.ExpandedText * StepsOfAnExpandedByte + making.Steps;
   LoadState& load = ParserInternals::Load(parser);
+  // Where text is passed over an object is dropped at once.
+  const std::uint64_t share = load.PassingOver > 0 ? PassedOverShare : 1;
+  const std::uint64_t steps = (making.Objects * StepsOfAnObject + making.Solids * StepsOfASolid) / share +
+                              making.Points * StepsOfAPoint + making.Indices * StepsOfAnIndex +
+                              making.Replays * StepsOfAReplay + making.ExpandedText * StepsOfAnExpandedByte +
+                              making.Steps;
   return !load.Running || load.Made.Spend(bytes, steps);
 }
 

@@ -38,6 +38,7 @@ private:
 /// What a node is about to make, or a replay to do.
 struct Making {
   std::uint64_t Objects = 0;  ///< of the model
+  std::uint64_t Solids = 0;   ///< or what takes as long; two for a sphere
   std::uint64_t Points = 0;   ///< in all objects together; normals count as points
   std::uint64_t Indices = 0;
   std::uint64_t Pixels = 0;
