@@ -27,7 +27,8 @@ void ParseInterfaceField(CVRMLParser& parser, CVRMLPrototype& prototype) {
   int length = 0;
   if (!tokens.GetCurrentTokenEndsField()) tokens.CaptureBlockText(&text, &length, true);
   CBasicAllocatedText owned(text);
-  if (prototype.AddField(name, type, text, length)) owned.release();
+  if (!prototype.AddField(name, type, text, length)) throw std::bad_alloc();  // the prototype outlives this load
+  owned.release();
 }
 
 // Reads the entries up to the ] of the interface. Events leave no trace.
@@ -58,8 +59,7 @@ bool CVRMLParser::ParseProto() {
     Tokenize();
   }
   MoveUpToInterestingToken();
-  std::unique_ptr<CVRMLPrototype> prototype(new (std::nothrow) CVRMLPrototype);
-  if (!prototype) return false;
+  auto prototype = std::make_unique<CVRMLPrototype>();
   prototype->SetName(name);
   ParseInterface(*this, *prototype);
   Tokenize();
@@ -73,7 +73,7 @@ bool CVRMLParser::ParseProto() {
   prototype->SetBodyLength(length);
   const std::uint64_t steps = static_cast<std::uint64_t>(std::max(length, 0)) * qelvrml::StepsOfACapturedByte;
   if (!qelvrml::CanMake(*this, {.Objects = 1, .Steps = steps})) return false;
-  if (!AddPrototypeToDictionary(prototype.get())) return false;
+  if (!AddPrototypeToDictionary(prototype.get())) throw std::bad_alloc();
   prototype.release();
   return true;
 }
