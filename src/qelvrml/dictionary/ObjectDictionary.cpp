@@ -122,9 +122,9 @@ bool CVRMLParser::DefineUse(const CBasicString& name) {
   if (!entry) return true;
   const bool result = ServiceDictionaryObject(entry);
   if (GetDefiningObjects()) {
-    auto* use = new (std::nothrow) CVRMLDictionaryUse;
+    std::unique_ptr<CVRMLDictionaryUse> use(new (std::nothrow) CVRMLDictionaryUse);
     if (use) use->SetName(name);
-    AddDictionaryObject(use);
+    AddDictionaryObject(use.release());
   }
   return result;
 }

@@ -50,9 +50,10 @@ bool CVRMLParser::DefineSeparator() {
   auto separator = std::make_unique<CVRMLSeparator>();
   separator->SetParser(this);
   if (GetDefiningObjects()) {
-    auto* entry = new (std::nothrow) CVRMLDictionarySeparator;
+    std::unique_ptr<CVRMLDictionarySeparator> entry(new (std::nothrow) CVRMLDictionarySeparator);
     if (entry) entry->SetName(EntityName);
-    if (AddDictionaryObject(entry)) separator->SetDictionaryEntry(entry);
+    CVRMLDictionarySeparator* recording = entry.get();
+    if (AddDictionaryObject(entry.release())) separator->SetDictionaryEntry(recording);
   }
   if (!PushSeparator(separator.get())) return false;
   separator.release();
