@@ -52,7 +52,7 @@ std::string TemporaryFile::Create(const std::string& prefix, const std::string& 
   std::string folder = SystemTemporaryFolder() + '/' + prefix + "XXXXXX";
   Path = folder + '/' + prefix + "XXXXXX" + extension;
   if (!mkdtemp(folder.data())) return {};
-  Folder = folder;
+  Folder = std::move(folder);  // without memory a copy would leave it behind
   Path.replace(0, Folder.size(), Folder);
   Descriptor = mkostemps(Path.data(), static_cast<int>(extension.size()), O_CLOEXEC);
   if (Descriptor >= 0) return Path;
