@@ -113,8 +113,10 @@ VRMLLoadResultTypes CVRMLParser::Parse(CKelWorld* world, const CBasicString& fil
   SetWorld(world);
   MissingFiles.clear();
   // No temporary file outlives the load, however it ends.
-  const std::unique_ptr<CVRMLParser, void (*)(CVRMLParser*)> cleaner(
-      this, [](CVRMLParser* parser) { parser->DestroyTemporaryFile(); });
+  const std::unique_ptr<CVRMLParser, void (*)(CVRMLParser*)> cleaner(this, [](CVRMLParser* parser) {
+    parser->Load->Unpacked.Remove();  // takes no memory, of which there may be none
+    parser->ClearTemporaryFilename();
+  });
   if (DetermineIfFileIsZip(file)) return VRMLLoadDecompressFailed;
   IOManager.SetFilename(TemporaryFilename.GetLength() > 0 ? TemporaryFilename : file);
   const VRMLLoadResultTypes opened = IOManager.OpenFile();
