@@ -107,6 +107,25 @@ TEST_F(CompressedTest, NoTemporaryFileOutlivesItsLoad) {
   EXPECT_EQ(parser.Parse(&world, path.c_str()), VRMLLoadDecompressFailed) << "the folder is gone";
 }
 
+// A copy that a callback makes meanwhile reads its own file, and leaves the original's alone.
+TEST_F(CompressedTest, TheTemporaryFileIsNotThatOfACopy) {
+  static Model* reading;
+  static std::string plain;
+  Model model;
+  reading = &model;
+  plain = Folder.Write("plain", "#VRML V1.0 ascii\nCone { parts SIDES }");
+  model.Parser->SetLoaderPtr([](int /*percentage*/) {
+    CVRMLParser copy(*reading->Parser);
+    copy.SetLoaderPtr(nullptr);
+    CKelWorld world;
+    EXPECT_EQ(copy.Parse(&world, plain.c_str()), VRMLLoadOK);
+    EXPECT_STREQ(world.GetObjectAt(0)->GetClassName(), "brixCone");
+    EXPECT_TRUE(std::filesystem::exists(reading->Parser->GetIOManager()->GetFilename().GetNarrowText()));
+  });
+  EXPECT_EQ(model.Parser->Parse(model.World.get(), Folder.Write("packed", Gzip(Scene)).c_str()), VRMLLoadOK);
+  EXPECT_EQ(model.Classes(), "brixBox brixSphere");
+}
+
 TEST_F(CompressedTest, ZipFilesGiveTheirScene) {
   const Member scene = {"models/scene.WRL", Scene};
   EXPECT_EQ(LoadPacked(Zip(Folder, {{"models/", ""},
@@ -175,10 +194,13 @@ TEST_F(CompressedTest, ATruncatedStreamGivesItsBeginning) {
 
 // A chunk of 1,024,000 bytes that was written whole makes a load, as far as it goes.
 TEST_F(CompressedTest, WithoutRoomTheFileCannotBeUnpacked) {
-  const std::string path = Folder.Write("packed", Gzip(Scene + std::string(1'100'000, ' ') + "Cone {}"));
-  for (const auto& [room, result, classes] :
-       {std::tuple(0U, VRMLLoadDecompressFailed, ""), std::tuple(1'023'999U, VRMLLoadDecompressFailed, ""),
-        std::tuple(1'024'010U, VRMLLoadOK, "brixBox brixSphere")}) {
+  const std::string text = Scene + std::string(1'100'000, ' ') + "Cone {}";
+  for (const auto& [packed, room, result, classes] :
+       {std::tuple(Gzip(text), 0U, VRMLLoadDecompressFailed, ""),
+        std::tuple(Gzip(text), 1'023'999U, VRMLLoadDecompressFailed, ""),
+        std::tuple(Gzip(text), 1'024'010U, VRMLLoadOK, "brixBox brixSphere"),
+        std::tuple(Zip(Folder, {{"a.wrl", text}}), 1'024'010U, VRMLLoadDecompressFailed, "")}) {
+    const std::string path = Folder.Write("packed", packed);
     rlimit earlier{};
     getrlimit(RLIMIT_FSIZE, &earlier);
     rlimit little = earlier;

@@ -216,6 +216,17 @@ TEST(Load, CopiesOwnNothingOfTheOriginal) {
   EXPECT_EQ(model.Size(), 1U);
   copy = *model.Parser;
   EXPECT_EQ(copy.GetPrototypeDictionary()->GetCount(), 0);
+
+  // Scopes that are still open stay the original's, whichever of the two goes first.
+  auto open = std::make_unique<CVRMLParser>();
+  open->Parse(&world, folder.Write("open.wrl", "#VRML V1.0 ascii\nDEF g Separator { Separator { Cube {}").c_str());
+  CKelWorld other;
+  EXPECT_EQ(CVRMLParser(*open).Parse(&other, path.c_str()), VRMLLoadOK);
+  EXPECT_EQ(other.GetNumObjects(), 1);
+  EXPECT_EQ(open->GetSeparatorStack()->GetCount(), 2);
+  copy = *open;
+  open.reset();
+  EXPECT_EQ(copy.GetSeparatorStack()->GetCount(), 0);
 }
 
 TEST(Load, WithoutAWorldNothingIsPlaced) {

@@ -112,6 +112,7 @@ VRMLLoadResultTypes CVRMLParser::Parse(CKelWorld* world, const CBasicString& fil
   LeadOpenSeparatorsInto(world, SeparatorStack);
   SetWorld(world);
   MissingFiles.clear();
+  ClearTemporaryFilename();  // a copy that a callback has made knows the one that its original is reading
   // No temporary file outlives the load, however it ends.
   const std::unique_ptr<CVRMLParser, void (*)(CVRMLParser*)> cleaner(this, [](CVRMLParser* parser) {
     parser->Load->Unpacked.Remove();  // takes no memory, of which there may be none
