@@ -6,6 +6,9 @@
 
 #include <cmath>
 #include <fstream>
+#include <sstream>
+
+#include "qelvrml/platform/brixex/textures/CKelTextureManager.h"
 
 namespace {
 
@@ -20,6 +23,12 @@ const brixBaseGroup* Find(const brixBaseGroup& group, const std::string& name) {
     if (const brixBaseGroup* found = Find(*group.GetGroupAt(i), name)) return found;
   }
   return nullptr;
+}
+
+void PrintGroups(const brixBaseGroup& group, std::ostream& stream) {
+  stream << ' ' << ToString(group.GetGroupName()) << '(' << group.GetNumObjects();
+  for (int i = 0; i < group.GetNumGroups(); ++i) PrintGroups(*group.GetGroupAt(i), stream);
+  stream << ')';
 }
 
 bool Near(float a, float b) { return std::fabs(a - b) <= 1e-5F * std::max({1.0F, std::fabs(a), std::fabs(b)}); }
@@ -113,6 +122,22 @@ double Model::Area(std::size_t index) const {
     area += CrossProduct(u, v).Length() / 2.0;
   }
   return area * Unscale() * Unscale();
+}
+
+std::string Model::Describe() const {
+  std::ostringstream text;
+  text << Result << ' ' << Units();
+  const CKelTextureManager& textures = *World->GetTextureManager();
+  for (int i = 0; i < textures.GetNumberTextures(); ++i)
+    text << ' ' << textures.GetTextureAt(i)->GetWidth() << 'x' << textures.GetTextureAt(i)->GetHeight();
+  PrintGroups(*World, text);
+  for (std::size_t i = 0; i < Size(); ++i) {
+    text << '\n' << Object(i).GetClassName() << ' ' << Name(i) << ' ' << Triangles(i) << ' ';
+    PrintTo(Diffuse(i), &text);
+    PrintTo(Extents(i), &text);
+    for (const brixFloatPoint& point : Points(i)) PrintTo(point, &text);
+  }
+  return text.str();
 }
 
 Model Load(const std::string& scene) {
