@@ -130,9 +130,9 @@ bool CVRMLPrototype::ParseInstanceFields(const char* text, int length, CKelList&
     tokens.CaptureFieldText(&value, &valueLength, field->second->GetType(), this);
     CBasicAllocatedText owned(value);
     std::unique_ptr<CVRMLPrototypeField> given(CreateField(name, field->second->GetType(), value, valueLength));
-    if (given) owned.release();
-    if (!given || !list.AddTail(given.get())) throw std::bad_alloc();
-    given.release();
+    if (!given) continue;
+    owned.release();
+    if (list.AddTail(given.get())) given.release();
   }
   tokens.StopBufferReading();
   return true;

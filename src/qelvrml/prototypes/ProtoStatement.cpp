@@ -59,7 +59,8 @@ bool CVRMLParser::ParseProto() {
     Tokenize();
   }
   MoveUpToInterestingToken();
-  auto prototype = std::make_unique<CVRMLPrototype>();
+  std::unique_ptr<CVRMLPrototype> prototype(new (std::nothrow) CVRMLPrototype);
+  if (!prototype) return false;
   prototype->SetName(name);
   ParseInterface(*this, *prototype);
   Tokenize();
@@ -73,7 +74,7 @@ bool CVRMLParser::ParseProto() {
   prototype->SetBodyLength(length);
   const std::uint64_t steps = static_cast<std::uint64_t>(std::max(length, 0)) * qelvrml::StepsOfACapturedByte;
   if (!qelvrml::CanMake(*this, {.Objects = 1, .Steps = steps})) return false;
-  if (!AddPrototypeToDictionary(prototype.get())) throw std::bad_alloc();
+  if (!AddPrototypeToDictionary(prototype.get())) return false;
   prototype.release();
   return true;
 }
