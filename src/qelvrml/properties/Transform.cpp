@@ -6,6 +6,7 @@
 #include "qelvrml/dictionary/CVRMLDictionaryTransforms.h"
 #include "qelvrml/dictionary/Recording.h"
 #include "qelvrml/parser/reading/NodeReader.h"
+#include "qelvrml/parser/reading/PassingOver.h"
 #include "qelvrml/platform/brixex/brixMatrixFunctions.h"
 #include "qelvrml/scene/Scopes.h"
 
@@ -75,8 +76,7 @@ bool ReadChildren(CVRMLParser& parser, const CGenericIOState& children, bool res
   CGenericIOState end;
   parser.SaveIOState(end);
   if (parser.RestoreIOState(children)) NodeReader(parser).ParseNodeOrList(result);
-  parser.GetIOManager()->NoteHowFarWasRead();
-  parser.RestoreIOState(end);
+  qelvrml::GoBack(parser, end);
   parser.PopSeparator();
   return result;
 }

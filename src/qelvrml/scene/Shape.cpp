@@ -2,6 +2,7 @@
 // the order of the two in the file.
 
 #include "qelvrml/parser/reading/NodeReader.h"
+#include "qelvrml/parser/reading/PassingOver.h"
 #include "qelvrml/scene/Scopes.h"
 
 using qelvrml::NodeReader;
@@ -44,8 +45,7 @@ bool CVRMLParser::ParseShape() {
     if (keyword == VRMLTokenAPPEARANCE || keyword == VRMLTokenTEXTURETRANSFORM) result = ParseBlock();
     if (keyword == VRMLTokenGEOMETRY) SkipBlock(true);
   });
-  IOManager.NoteHowFarWasRead();
-  RestoreIOState(start);
+  qelvrml::GoBack(*this, start);
   reader.WhileInNode([&](VRMLTokenTypes keyword) {
     Tokenize();
     if (keyword == VRMLTokenAPPEARANCE || keyword == VRMLTokenTEXTURETRANSFORM) SkipBlock(true);

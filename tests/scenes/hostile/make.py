@@ -132,14 +132,21 @@ def transforms_run_on():
     return VRML20 + "DEF a Transform { children [ Transform ] }\n" * 150
 
 
+def transforms_run_on_long():
+    """The same with much text in few statements."""
+    points = "1.25 2.5 3.75, " * 20_000
+    shape = f"Shape {{ geometry IndexedFaceSet {{ coord Coordinate {{ point [ {points} ] }} coordIndex [ 0 1 2 -1 ] }} }}\n"
+    return VRML20 + "DEF a Transform { children [ Transform ] }\n" * 14 + shape
+
+
 def shapes_run_on():
     return VRML20 + "Shape { appearance Appearance { material Group { children [ Shape ] } } geometry Box { } }\n" * 80
 
 
-SCENES = [files_dots, files_missing, transforms_run_on, shapes_run_on, use_solids, use_transforms, use_caps, use_stars,
-          use_instance, prototype_words, prototype_transforms, prototype_prototypes, prototype_values, prototype_fields,
-          prototype_references, instance_text, nested_appearances, point_sets, strips, pixels, padded_grids,
-          swept_points]
+SCENES = [files_dots, files_missing, transforms_run_on, transforms_run_on_long, shapes_run_on, use_solids,
+          use_transforms, use_caps, use_stars, use_instance, prototype_words, prototype_transforms,
+          prototype_prototypes, prototype_values, prototype_fields, prototype_references, instance_text,
+          nested_appearances, point_sets, strips, pixels, padded_grids, swept_points]
 
 
 def main():

@@ -1,6 +1,7 @@
 #include "qelvrml/parser/reading/PassingOver.h"
 
 #include "qelvrml/foundation/ScopedValue.h"
+#include "qelvrml/parser/load/Budget.h"
 #include "qelvrml/parser/load/LoadState.h"
 #include "qelvrml/parser/load/ParserInternals.h"
 #include "qelvrml/parser/reading/NodeReader.h"
@@ -54,6 +55,13 @@ bool PassOverNode(CVRMLParser& parser) {
 bool PassOverUnopened(CVRMLParser& parser) {
   if (OpensBlock(parser)) parser.SkipBlock(false);
   return false;
+}
+
+void GoBack(CVRMLParser& parser, const CGenericIOState& place) {
+  CVRMLIOManager& tokens = *parser.GetIOManager();
+  tokens.NoteHowFarWasRead();
+  parser.RestoreIOState(place);
+  if (!parser.GetSkippingBlock()) PayForSteps(parser, tokens.GetBytesReadAhead() * StepsOfAnExpandedByte);
 }
 
 bool PassOverUnpaid(CVRMLParser& parser) {

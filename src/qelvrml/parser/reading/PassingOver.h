@@ -27,6 +27,9 @@ bool TryPassOverByParsing(CVRMLParser& parser);
 /// passed over so much text that ends are remembered.
 bool StepOverPassedStretch(CVRMLParser& parser, bool& result);
 
+/// Goes to another place of the reading; what was read already from there on is paid for once more.
+void GoBack(CVRMLParser& parser, const CGenericIOState& place);
+
 /// Passes over a statement that the load can't pay for: goes behind all that was read already, or over the node. False.
 bool PassOverUnpaid(CVRMLParser& parser);
 

@@ -141,9 +141,9 @@ void CGenericParser::NoteHowFarWasRead() {
   Reading.Source->Furthest = {Reading.Position, Reading.Current, Reading.Next};
 }
 
-bool CGenericParser::IsReadAgain() const {
+std::size_t CGenericParser::GetBytesReadAhead() const {
   const char* furthest = Reading.Source ? Reading.Source->Furthest.Position : nullptr;
-  return furthest && Reading.Position < furthest;
+  return furthest && Reading.Position < furthest ? static_cast<std::size_t>(furthest - Reading.Position) : 0;
 }
 
 void CGenericParser::GoBehindWhatWasRead() {

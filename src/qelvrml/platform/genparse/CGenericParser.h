@@ -89,7 +89,9 @@ public:
   /// To be called before a snapshot is restored that goes back in the text: what lies ahead of the furthest place of
   /// such calls is being read again from then on.
   void NoteHowFarWasRead();
-  bool IsReadAgain() const;
+  bool IsReadAgain() const { return GetBytesReadAhead() > 0; }
+  /// Of the text from here on, those that were read already.
+  std::size_t GetBytesReadAhead() const;
   /// Goes on to the furthest place; nothing moves behind it.
   void GoBehindWhatWasRead();
 
