@@ -36,20 +36,18 @@ namespace {
 
 using Coordinates = std::shared_ptr<const qelvrml::StripCoordinates>;
 
-// Those in force. Sets behind the same ones have them in common.
-const Coordinates& CoordinatesInForce(CVRMLParser& parser) {
+// Those of the last set, if they are still in force: then the sets have them in common. Else null.
+Coordinates& CoordinatesInCommon(CVRMLParser& parser) {
   CVRMLSeparator& separator = *parser.GetCurrentSeparator();
   Coordinates& last = qelvrml::ParserInternals::Load(parser).LastStrips;
-  if (!last || !last->AreOf(separator.GetVertices(), separator.GetNormals()))
-    last = std::make_shared<const qelvrml::StripCoordinates>(separator.GetVertices(), separator.GetNormals());
+  if (last && !last->AreOf(separator.GetVertices(), separator.GetNormals())) last.reset();
   return last;
 }
 
-qelvrml::Making MakingOf(const qelvrml::StripCoordinates& coordinates, const brixMatrix4x4& matrix,
-                         const brixIntArray& counts) {
+qelvrml::Making MakingOf(CVRMLSeparator& separator, const Coordinates& inCommon, const brixIntArray& counts) {
   qelvrml::Making making = {.Objects = 1, .Indices = counts.GetSize()};
-  if (coordinates.FindMoved(matrix)) return making;
-  making.Points = std::uint64_t{coordinates.GetPoints().GetSize()} + coordinates.GetNormals().GetSize();
+  if (inCommon && inCommon->FindMoved(separator.GetTransformation())) return making;
+  making.Points = std::uint64_t{separator.GetVertices().GetSize()} + separator.GetNormals().GetSize();
   making.Steps = making.Points * qelvrml::StepsOfASweptPoint;
   return making;
 }
@@ -59,13 +57,15 @@ qelvrml::Making MakingOf(const qelvrml::StripCoordinates& coordinates, const bri
 bool CVRMLParser::DefineTriangleStripSet(const brixIntArray& counts) {
   if (!CurrentSeparator || counts.IsEmpty()) return false;
   if (!CurrentSeparator->GetVertices().IsEmpty()) {
-    const Coordinates& coordinates = CoordinatesInForce(*this);
-    const brixMatrix4x4& matrix = CurrentSeparator->GetTransformation();
-    if (!qelvrml::CanMake(*this, MakingOf(*coordinates, matrix, counts))) return false;
+    Coordinates& coordinates = CoordinatesInCommon(*this);
+    if (!qelvrml::CanMake(*this, MakingOf(*CurrentSeparator, coordinates, counts))) return false;
+    if (!coordinates)
+      coordinates = std::make_shared<const qelvrml::StripCoordinates>(CurrentSeparator->GetVertices(),
+                                                                      CurrentSeparator->GetNormals());
     std::unique_ptr<CKelMultipleTriangleStrip> strips(new (std::nothrow) CKelMultipleTriangleStrip);
     if (strips) {
       strips->ShareStrips(coordinates, counts);
-      strips->ApplyMatrixToGeometry(matrix, brixTrue);
+      strips->ApplyMatrixToGeometry(CurrentSeparator->GetTransformation(), brixTrue);
       AddObjectToSeparator(strips.release());
     }
   }

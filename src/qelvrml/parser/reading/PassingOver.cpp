@@ -59,9 +59,10 @@ bool PassOverUnopened(CVRMLParser& parser) {
 
 void GoBack(CVRMLParser& parser, const CGenericIOState& place) {
   CVRMLIOManager& tokens = *parser.GetIOManager();
-  tokens.NoteHowFarWasRead();
+  const bool passing = parser.GetSkippingBlock();  // what is passed over hasn't been read yet
+  if (!passing) tokens.NoteHowFarWasRead();
   parser.RestoreIOState(place);
-  if (!parser.GetSkippingBlock()) PayForSteps(parser, tokens.GetBytesReadAhead() * StepsOfAnExpandedByte);
+  if (!passing) PayForSteps(parser, tokens.GetBytesReadAhead() * StepsOfAnExpandedByte);
 }
 
 bool PassOverUnpaid(CVRMLParser& parser) {
