@@ -1,8 +1,9 @@
 // Writes a scene with a node twice, and the same scene with a DEF and a USE of that node: the objects are the same.
 //
 // The scene comes from a grammar, which the bytes lead through, and from nodes whose names can be used: a name of an
-// indexed set, a colour or an appearance by itself leads to nothing. A set has its own coordinates: one that has
-// nothing to work on at its DEF is not recorded, and the range of a set of points is recorded as it was cut there.
+// indexed set, a colour or an appearance by itself leads to nothing. A set has its own coordinates and begins with a
+// face: one that adds nothing at its DEF is not recorded, but may add something under the binding at its USE, and the
+// range of a set of points is recorded as it was cut there.
 // Names of objects and groups differ, and so may the order in which groups hold the objects.
 
 #include <array>
@@ -37,15 +38,17 @@ private:
     for (std::size_t i = 0; i < count; ++i) text += std::string(Choice.Of(::Numbers)) + " ";
     return text;
   }
-  std::string List(std::size_t each) { return "[ " + Numbers(each * (1 + Choice.Below(6))) + "] "; }
+  std::string List(std::size_t each, const std::string& first = {}) {
+    return "[ " + first + Numbers(each * (1 + Choice.Below(6))) + "] ";
+  }
   std::string Sizes(std::size_t count) {
     std::string text;
     for (std::size_t i = 0; i < count; ++i) text += std::to_string(1 + Choice.Below(9)) + " ";
     return text;
   }
   // Most of them name points.
-  std::string Indices() {
-    std::string text = "[ ";
+  std::string Indices(const std::string& first = {}) {
+    std::string text = "[ " + first;
     for (std::size_t i = Choice.Below(12); i > 0; --i) text += std::to_string(int(Choice.Below(7)) - 1) + " ";
     return text + "] ";
   }
@@ -60,7 +63,9 @@ private:
   std::string Placing() {
     return "translation " + Numbers(3) + "rotation " + Numbers(4) + "scale " + Sizes(3) + "center " + Numbers(3) + " ";
   }
-  std::string Coordinates() { return (Version20 ? "Coordinate { point " : "Coordinate3 { point ") + List(3) + "} "; }
+  std::string Coordinates(const std::string& first = {}) {
+    return (Version20 ? "Coordinate { point " : "Coordinate3 { point ") + List(3, first) + "} ";
+  }
 
   std::string Property() {
     switch (Choice.Below(9)) {
@@ -92,13 +97,16 @@ private:
   }
 
   std::string Set() {
-    const std::string before = Version20 ? "" : Coordinates();
-    const std::string coord = Version20 ? "coord " + Coordinates() : "";
+    const std::string coordinates = Coordinates("0 0 0 1 0 0 0 1 0 ");
+    const std::string before = Version20 ? "" : coordinates;
+    const std::string coord = Version20 ? "coord " + coordinates : "";
     switch (Choice.Below(3)) {
       case 0:
-        return before + "IndexedFaceSet { " + coord + "coordIndex " + Indices() + "materialIndex " + Indices() + "} ";
+        return before + "IndexedFaceSet { " + coord + "coordIndex " + Indices("0 1 2 -1 ") + "materialIndex " +
+               Indices() + "} ";
       case 1:
-        return before + "IndexedLineSet { " + coord + "coordIndex " + Indices() + "materialIndex " + Indices() + "} ";
+        return before + "IndexedLineSet { " + coord + "coordIndex " + Indices("0 1 2 -1 ") + "materialIndex " +
+               Indices() + "} ";
       default: return before + "PointSet { " + coord + "} ";
     }
   }
