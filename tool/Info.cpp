@@ -4,6 +4,7 @@
 #include <iostream>
 #include <map>
 #include <sstream>
+#include <string_view>
 
 #include "qelvrml/platform/brix/brixRunList.h"
 #include "qelvrml/platform/brix/groups/brixObjectVisitor.h"
@@ -21,7 +22,7 @@ constexpr int LabelWidth = 28;
 
 /// What a model holds, counted.
 struct Census {
-  std::map<std::string, int> Objects;  ///< by class
+  std::map<const char*, int> Objects;  ///< by the name of the class, as GetClassName gives it
   int Groups = 0;
   std::size_t Points = 0;
   std::size_t Faces = 0;
@@ -70,13 +71,11 @@ private:
 
 void Count(const brixBaseGroup& group, const CKelTextureManager* textures, Census& census) {
   PartCounter counter(census);
-  brixEvaluation evaluation;
   for (int i = 0; i < group.GetNumObjects(); ++i) {
     const brixBaseObject& object = *group.GetObjectAt(i);
     ++census.Objects[object.GetClassName()];
     object.Accept(counter);
-    object.Evaluate(0.0, evaluation);
-    census.Triangles += evaluation.Triangles.size() / 3;
+    census.Triangles += object.CountTriangles(0.0);
     if (textures && textures->FindTextureCoordinate(object.GetId())) ++census.Textured;
   }
   census.Groups += group.GetNumGroups();
@@ -121,18 +120,22 @@ void PrintInfo(const LoadedFile& file) {
   const CKelTextureManager* textures = file.World->GetTextureManager();
   Census census;
   Count(*file.World, textures, census);
-  file.World->RecursiveUpdateBBox();
   int objects = 0;
-  for (const auto& [name, count] : census.Objects) objects += count;
+  std::map<std::string_view, int> classes;
+  for (const auto& [name, count] : census.Objects) {
+    objects += count;
+    classes[name] += count;
+  }
 
   Line("file", file.Path);
   Line("result", ResultName(file.Result));
   Line("units", UnitsName(file.Units));
   Line("warning", WarningText(file.Warning));
+  // A load that gave something has left the boxes up to date.
   Line("size", Extent(file.World->GetBBox(), UnitsName(file.Units)));
   Line("groups", census.Groups);
   Line("objects", objects);
-  for (const auto& [name, count] : census.Objects) Line("  " + name, count);
+  for (const auto& [name, count] : classes) Line("  " + std::string(name), count);
   Line("points", census.Points);
   Line("faces", census.Faces);
   Line("triangles", census.Triangles);

@@ -56,6 +56,7 @@ std::string FindObjectFault(const brixBaseObject& object) {
     return "normals that are missing";
   if (std::any_of(evaluation.Triangles.begin(), evaluation.Triangles.end(), outside))
     return "a triangle without a point";
+  if (object.CountTriangles(0.0) != evaluation.Triangles.size() / 3) return "triangles that aren't counted rightly";
   if (std::any_of(evaluation.Segments.begin(), evaluation.Segments.end(), outside)) return "a segment without a point";
   return "";
 }

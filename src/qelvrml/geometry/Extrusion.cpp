@@ -15,7 +15,7 @@
 #include "qelvrml/parser/reading/NodeReader.h"
 #include "qelvrml/platform/brixex/brixMatrixFunctions.h"
 #include "qelvrml/platform/brixex/shapes/CKelPolyMesh.h"
-#include "qelvrml/platform/brixex/shapes/PointRange.h"
+#include "qelvrml/platform/brixex/shapes/PointBlocks.h"
 
 namespace {
 

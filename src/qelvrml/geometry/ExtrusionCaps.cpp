@@ -23,7 +23,7 @@
 #include "qelvrml/platform/brixex/brixMatrixFunctions.h"
 #include "qelvrml/platform/brixex/brixPointSorting.h"
 #include "qelvrml/platform/brixex/shapes/CKelPolyface.h"
-#include "qelvrml/platform/brixex/shapes/PointRange.h"
+#include "qelvrml/platform/brixex/shapes/PointBlocks.h"
 
 namespace {
 

@@ -2,16 +2,18 @@
 
 #include "qelvrml/parser/CVRMLParser.h"
 #include "qelvrml/platform/brixex/brixMatrixFunctions.h"
-#include "qelvrml/platform/brixex/shapes/PointRange.h"
+#include "qelvrml/platform/brixex/shapes/PointBlocks.h"
 #include "qelvrml/scene/Shininess.h"
 
 namespace {
 
 brixDoubleArray OneValue(double value) {
-  brixDoubleArray values;
-  values.Append(value);
+  brixDoubleArray values(1);
+  values.Edit()[0] = value;
   return values;
 }
+
+brixDoubleArray ShininessOf(double value) { return OneValue(value > 1.0 ? value / qelvrml::ShininessScale : value); }
 
 }  // namespace
 
@@ -20,8 +22,11 @@ void CVRMLSeparator::Initialize() {
   Parser = nullptr;
   Transformation.SetIdentity();
   MaterialBinding = VRMLBindingDefault;
-  SetShininess(qelvrml::DefaultShininess);
-  SetTransparency(0.0);
+  // Scopes share the values of these.
+  static const brixDoubleArray defaultShininess = ShininessOf(qelvrml::DefaultShininess);
+  static const brixDoubleArray opaque = OneValue(0.0);
+  SetShininess(defaultShininess);
+  SetTransparency(opaque);
   NormalBinding = VRMLBindingDefault;
   DictionaryEntry = nullptr;
   CreatedGroup = false;
@@ -58,9 +63,7 @@ void CVRMLSeparator::TransformPoints(brixFloatPointArray& points) const {
   qelvrml::Transform(points.Edit(), Transformation);
 }
 
-void CVRMLSeparator::SetShininess(double value) {
-  Shininess = OneValue(value > 1.0 ? value / qelvrml::ShininessScale : value);
-}
+void CVRMLSeparator::SetShininess(double value) { Shininess = ShininessOf(value); }
 void CVRMLSeparator::SetTransparency(double value) { Transparency = OneValue(value); }
 
 CKelTextureManager* CVRMLSeparator::GetTextureManager() const { return Parser ? Parser->GetTextureManager() : nullptr; }

@@ -1,12 +1,21 @@
 #pragma once
 
+#include <algorithm>
+#include <cmath>
+
 #include "qelvrml/foundation/VRMLExport.h"
 #include "qelvrml/platform/brix/brixFloatPoint.h"
 
 /// A box along the axes; empty at first. A point with a component that is not a number doesn't enter it.
 class QELVRML_EXPORT brixBBox {
 public:
-  void Add(const brixFloatPoint& point);
+  void Add(const brixFloatPoint& point) {
+    if (std::isnan(point.x) || std::isnan(point.y) || std::isnan(point.z)) return;
+    if (Empty) Minimum = Maximum = point;
+    Empty = false;
+    Minimum = {std::min(Minimum.x, point.x), std::min(Minimum.y, point.y), std::min(Minimum.z, point.z)};
+    Maximum = {std::max(Maximum.x, point.x), std::max(Maximum.y, point.y), std::max(Maximum.z, point.z)};
+  }
   void Add(const brixBBox& box);
   bool IsEmpty() const { return Empty; }
   /// The origin for an empty box.

@@ -6,6 +6,8 @@
 #include <numbers>
 #include <optional>
 
+#include "qelvrml/platform/brixex/NewellSum.h"
+
 namespace {
 
 constexpr double OppositeSine = 1.0e-12;  // what rounding leaves of the sine between opposite directions
@@ -152,17 +154,10 @@ double CalculateAngleBetweenVectors(const brixVector& a, const brixVector& b) {
   return RadiansToDegrees(std::atan2(std::sqrt(Dot(cross, cross)), Dot(u, v)));
 }
 
-brixVector ComputeNormalForPoints(const brixFloatPointArray& points) {
-  Triple sum{};
-  const auto view = points.View();
-  for (std::size_t i = 0; i < view.size(); ++i) {
-    const brixFloatPoint& p = view[i];
-    const brixFloatPoint& q = view[(i + 1) % view.size()];
-    sum[0] += (static_cast<double>(p.y) - q.y) * (static_cast<double>(p.z) + q.z);
-    sum[1] += (static_cast<double>(p.z) - q.z) * (static_cast<double>(p.x) + q.x);
-    sum[2] += (static_cast<double>(p.x) - q.x) * (static_cast<double>(p.y) + q.y);
-  }
-  const Triple normal = Unit(sum).value_or(Triple{});
+brixVector ComputeNormalForPoints(const brixFloatPointArray& points) { return ComputeNormalForPoints(points.View()); }
+
+brixVector ComputeNormalForPoints(std::span<const brixFloatPoint> points) {
+  const Triple normal = Unit(qelvrml::NewellSum(points)).value_or(Triple{});
   return {static_cast<float>(normal[0]), static_cast<float>(normal[1]), static_cast<float>(normal[2])};
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <span>
+
 #include "qelvrml/foundation/VRMLExport.h"
 #include "qelvrml/platform/brix/brixArrays.h"
 #include "qelvrml/platform/brix/brixFloatPoint.h"
@@ -30,4 +32,5 @@ QELVRML_EXPORT bool IsIdentityMatrix(const brixMatrix4x4& m);
 QELVRML_EXPORT double CalculateAngleBetweenVectors(const brixVector& a, const brixVector& b);
 /// Unit normal of the polygon through the points, by Newell's sum; zero without area.
 QELVRML_EXPORT brixVector ComputeNormalForPoints(const brixFloatPointArray& points);
+QELVRML_EXPORT brixVector ComputeNormalForPoints(std::span<const brixFloatPoint> points);
 QELVRML_EXPORT double RadiansToDegrees(double radians);

@@ -12,3 +12,9 @@ unsigned int NextId() {
 }  // namespace
 
 brixBaseObject::brixBaseObject() : Id(NextId()) {}
+
+std::size_t brixBaseObject::CountTriangles(double chordTolerance) const {
+  brixEvaluation evaluation;
+  Evaluate(chordTolerance, evaluation);
+  return evaluation.Triangles.size() / 3;
+}

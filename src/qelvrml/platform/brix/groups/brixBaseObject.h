@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+
 #include "qelvrml/foundation/VRMLExport.h"
 #include "qelvrml/platform/brix/brixBBox.h"
 #include "qelvrml/platform/brix/brixBool.h"
@@ -36,6 +38,8 @@ public:
   /// Adds nothing to what `result` held before: it is filled anew. `chordTolerance` is the largest distance allowed
   /// between a curved surface and its triangles, in units of the model; 0 or less stands for a hundredth of the radius.
   virtual brixEReturn Evaluate(double chordTolerance, brixEvaluation& result) const = 0;
+  /// How many triangles Evaluate gives at that tolerance. Most objects know without making them.
+  virtual std::size_t CountTriangles(double chordTolerance) const;
 
 private:
   unsigned int Id;

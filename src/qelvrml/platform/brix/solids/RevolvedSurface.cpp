@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <numbers>
 #include <utility>
 
@@ -25,11 +26,23 @@ brixFloatPoint ToPoint(const Triple& p) {
   return {static_cast<float>(p[0]), static_cast<float>(p[1]), static_cast<float>(p[2])};
 }
 
+void AddReach(brixBBox& box, const Triple& centre, const Triple& reach) {
+  box.Add(ToPoint({centre[0] - reach[0], centre[1] - reach[1], centre[2] - reach[2]}));
+  box.Add(ToPoint({centre[0] + reach[0], centre[1] + reach[1], centre[2] + reach[2]}));
+}
+
 Triple At(const Arc& arc, double angle) {
   Triple result{};
   for (std::size_t i = 0; i < 3; ++i)
     result[i] = arc.Centre[i] + arc.U[i] * std::cos(angle) + arc.V[i] * std::sin(angle);
   return result;
+}
+
+// Along an axis an ellipse reaches as far as the point (U, V) is from the origin.
+void AddEllipse(brixBBox& box, const Arc& placed) {
+  Triple reach{};
+  for (std::size_t i = 0; i < 3; ++i) reach[i] = std::sqrt(placed.U[i] * placed.U[i] + placed.V[i] * placed.V[i]);
+  AddReach(box, placed.Centre, reach);
 }
 
 double Determinant(const brixMatrix4x4& m, const Matrix3x3& cofactors) {
@@ -46,6 +59,18 @@ void AddTriangle(brixEvaluation& result, unsigned a, unsigned b, unsigned c) {
 
 }  // namespace
 
+bool IsWhole(const Turn& turn) { return turn.To - turn.From >= FullCircle.To; }
+
+void AddEllipsoid(brixBBox& box, const Triple& centre, const std::array<Triple, 3>& axes, const brixMatrix4x4& matrix) {
+  Triple reach{};
+  for (const Triple& axis : axes) {
+    const Triple placed = Placed(axis, matrix, 0.0);
+    for (std::size_t i = 0; i < 3; ++i) reach[i] += placed[i] * placed[i];
+  }
+  for (double& r : reach) r = std::sqrt(r);
+  AddReach(box, Placed(centre, matrix, 1.0), reach);
+}
+
 bool Contains(const Turn& turn, double angle) {
   const double whole = FullCircle.To;
   return turn.From + std::fmod(std::fmod(angle - turn.From, whole) + whole, whole) <= turn.To;
@@ -53,6 +78,10 @@ bool Contains(const Turn& turn, double angle) {
 
 void AddArc(brixBBox& box, const Arc& arc, const Turn& turn, const brixMatrix4x4& matrix) {
   const Arc placed = {Placed(arc.Centre, matrix, 1.0), Placed(arc.U, matrix, 0.0), Placed(arc.V, matrix, 0.0)};
+  if (IsWhole(turn)) {
+    AddEllipse(box, placed);
+    return;
+  }
   box.Add(ToPoint(At(placed, turn.From)));
   box.Add(ToPoint(At(placed, turn.To)));
   for (std::size_t i = 0; i < 3; ++i) {
@@ -147,6 +176,44 @@ brixEReturn EvaluateSurface(const Surface& surface, int turnSteps, int alongStep
     }
   }
   return result.Triangles.empty() ? brixEFailed : brixEOK;
+}
+
+bool IsModest(const Turn& turn) {
+  constexpr double Largest = 1000.0;  // radians; MostSteps are still less than a quarter of a turn each
+  return std::fabs(turn.From) < Largest && std::fabs(turn.To) < Largest;
+}
+
+double LeastChord(double angle) {
+  constexpr double Share = 0.9;  // a chord of 90 degrees is sqrt(2), and shorter ones are longer by their angles
+  return Share * std::fabs(angle);
+}
+
+// The smallest stretch is the determinant by the two others. Conditions are such that not-a-number gives false.
+bool StayApart(double distance, double reach, const brixMatrix4x4& matrix) {
+  constexpr double Rounding = 0x1p-20;  // four times what two points can come closer by, as a part of their coordinates
+  const double largest = LargestStretch(matrix);
+  const double smallest = std::fabs(Determinant(matrix, NormalMatrix(matrix))) / (largest * largest);
+  const double farthest = reach * largest + std::fabs(matrix[3][0]) + std::fabs(matrix[3][1]) + std::fabs(matrix[3][2]);
+  return farthest < std::numeric_limits<float>::max() &&
+         distance * smallest > Rounding * farthest + std::numeric_limits<float>::min();
+}
+
+// A circle without a radius is one point to the bit, and a triangle is left out for each step along it.
+std::optional<std::size_t> CountFrustumTriangles(double bottomRadius, double topRadius, double height, const Turn& turn,
+                                                 int steps, const brixMatrix4x4& matrix) {
+  const double bottom = std::fabs(bottomRadius);
+  const double top = std::fabs(topRadius);
+  const double chord = LeastChord((turn.To - turn.From) / steps);
+  double distance = std::hypot(height, bottom - top);
+  int circles = 0;
+  for (const double radius : {bottom, top}) {
+    if (radius == 0.0) continue;
+    ++circles;
+    distance = std::min(distance, chord * radius);
+  }
+  const double reach = std::hypot(height, std::max(bottom, top));
+  if (!IsModest(turn) || !StayApart(distance, reach, matrix)) return std::nullopt;
+  return static_cast<std::size_t>(circles) * static_cast<std::size_t>(steps);
 }
 
 }  // namespace qelvrml

@@ -56,3 +56,5 @@ brixEReturn brixBox::Evaluate(double /*chordTolerance*/, brixEvaluation& result)
   }
   return brixEOK;
 }
+
+std::size_t brixBox::CountTriangles(double /*chordTolerance*/) const { return 2 * Sides.size(); }

@@ -18,6 +18,7 @@ public:
   void ApplyMatrixToGeometry(const brixMatrix4x4& matrix, brixBool updateBox) override;
   brixBBox ComputeBBox() const override;
   brixEReturn Evaluate(double chordTolerance, brixEvaluation& result) const override;
+  std::size_t CountTriangles(double chordTolerance) const override;
 
 private:
   brixFloatPointArray Corners{static_cast<int>(CornerCount)};

@@ -7,6 +7,16 @@
 #include "qelvrml/platform/brix/groups/brixObjectVisitor.h"
 #include "qelvrml/platform/brix/solids/RevolvedSurface.h"
 
+namespace {
+
+int Steps(const brixCone& cone, double chordTolerance) {
+  const double radius = std::max(std::fabs(cone.GetBottomRadius()), std::fabs(cone.GetTopRadius())) *
+                        qelvrml::LargestStretch(cone.GetXformation());
+  return std::max(3, qelvrml::ChordSteps(radius, qelvrml::FullCircle.To, chordTolerance));
+}
+
+}  // namespace
+
 void brixCone::SetCone(float height, float bottomRadius, float topRadius) {
   Height = height;
   BottomRadius = bottomRadius;
@@ -24,9 +34,12 @@ brixBBox brixCone::ComputeBBox() const {
 }
 
 brixEReturn brixCone::Evaluate(double chordTolerance, brixEvaluation& result) const {
-  const double radius =
-      std::max(std::fabs(BottomRadius), std::fabs(TopRadius)) * qelvrml::LargestStretch(GetXformation());
-  const int steps = std::max(3, qelvrml::ChordSteps(radius, qelvrml::FullCircle.To, chordTolerance));
   const qelvrml::Surface side = qelvrml::FrustumSide(BottomRadius, TopRadius, Height, qelvrml::FullCircle);
-  return qelvrml::EvaluateSurface(side, steps, 1, GetXformation(), result);
+  return qelvrml::EvaluateSurface(side, Steps(*this, chordTolerance), 1, GetXformation(), result);
+}
+
+std::size_t brixCone::CountTriangles(double chordTolerance) const {
+  const std::optional<std::size_t> count = qelvrml::CountFrustumTriangles(
+      BottomRadius, TopRadius, Height, qelvrml::FullCircle, Steps(*this, chordTolerance), GetXformation());
+  return count ? *count : brixBaseRevSurface::CountTriangles(chordTolerance);
 }

@@ -7,6 +7,16 @@
 #include "qelvrml/platform/brix/groups/brixObjectVisitor.h"
 #include "qelvrml/platform/brix/solids/RevolvedSurface.h"
 
+namespace {
+
+int Steps(const brixDisk& disk, double chordTolerance) {
+  const double radius = std::max(std::fabs(disk.GetInnerRadius()), std::fabs(disk.GetOuterRadius())) *
+                        qelvrml::LargestStretch(disk.GetXformation());
+  return std::max(3, qelvrml::ChordSteps(radius, qelvrml::FullCircle.To, chordTolerance));
+}
+
+}  // namespace
+
 void brixDisk::SetDisk(float innerRadius, float outerRadius, const brixMatrix4x4& placement, brixBool filled) {
   InnerRadius = innerRadius;
   OuterRadius = outerRadius;
@@ -32,8 +42,7 @@ brixEReturn brixDisk::Evaluate(double chordTolerance, brixEvaluation& result) co
     const double radius = outer + (inner - outer) * along;
     return qelvrml::SurfacePoint{{radius * std::cos(angle), radius * std::sin(angle), 0.0}, {0.0, 0.0, 1.0}};
   };
-  const double radius = outer * qelvrml::LargestStretch(GetXformation());
-  const int steps = std::max(3, qelvrml::ChordSteps(radius, qelvrml::FullCircle.To, chordTolerance));
+  const int steps = Steps(*this, chordTolerance);
   const brixEReturn evaluated = qelvrml::EvaluateSurface(surface, steps, 1, GetXformation(), result);
   if (Filled == brixTrue) return evaluated;
 
@@ -43,4 +52,11 @@ brixEReturn brixDisk::Evaluate(double chordTolerance, brixEvaluation& result) co
     result.Segments.insert(result.Segments.end(), {2 * i, 2 * i + 2});
   }
   return brixEOK;
+}
+
+std::size_t brixDisk::CountTriangles(double chordTolerance) const {
+  if (Filled != brixTrue) return 0;
+  const std::optional<std::size_t> count = qelvrml::CountFrustumTriangles(
+      InnerRadius, OuterRadius, 0.0, qelvrml::FullCircle, Steps(*this, chordTolerance), GetXformation());
+  return count ? *count : brixBaseRevSurface::CountTriangles(chordTolerance);
 }

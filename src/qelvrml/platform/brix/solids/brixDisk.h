@@ -17,6 +17,7 @@ public:
   brixBBox ComputeBBox() const override;
   /// Triangles of a filled disk, the outline's segments of another.
   brixEReturn Evaluate(double chordTolerance, brixEvaluation& result) const override;
+  std::size_t CountTriangles(double chordTolerance) const override;
 
 private:
   float InnerRadius = 0.0F;

@@ -17,3 +17,5 @@ brixEReturn brixDot::Evaluate(double /*chordTolerance*/, brixEvaluation& result)
   result.Points.push_back(Point);
   return brixEOK;
 }
+
+std::size_t brixDot::CountTriangles(double /*chordTolerance*/) const { return 0; }

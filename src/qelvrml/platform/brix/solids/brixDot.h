@@ -16,6 +16,7 @@ public:
   brixBBox ComputeBBox() const override;
   /// One point, no triangles and no segments.
   brixEReturn Evaluate(double chordTolerance, brixEvaluation& result) const override;
+  std::size_t CountTriangles(double chordTolerance) const override;
 
 private:
   brixFloatPoint Point;

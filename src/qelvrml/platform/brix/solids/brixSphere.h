@@ -25,6 +25,7 @@ public:
   void Accept(brixObjectVisitor& visitor) const override;
   brixBBox ComputeBBox() const override;
   brixEReturn Evaluate(double chordTolerance, brixEvaluation& result) const override;
+  std::size_t CountTriangles(double chordTolerance) const override;
 
 private:
   brixFloatPoint Centre;

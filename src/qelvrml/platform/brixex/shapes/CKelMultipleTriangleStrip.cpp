@@ -35,3 +35,9 @@ brixEReturn CKelMultipleTriangleStrip::Evaluate(double /*chordTolerance*/, brixE
   AddNormals(result);
   return result.Triangles.empty() ? brixEFailed : brixEOK;
 }
+
+std::size_t CKelMultipleTriangleStrip::CountTriangles(double /*chordTolerance*/) const {
+  std::size_t triangles = 0;
+  for (const int count : Counts.View()) triangles += TrianglesOfStrip(static_cast<std::size_t>(count));
+  return triangles;
+}

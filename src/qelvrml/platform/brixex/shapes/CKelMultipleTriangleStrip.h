@@ -18,6 +18,7 @@ public:
   const char* GetClassName() const override { return "CKelMultipleTriangleStrip"; }
   void Accept(brixObjectVisitor& visitor) const override;
   brixEReturn Evaluate(double chordTolerance, brixEvaluation& result) const override;
+  std::size_t CountTriangles(double chordTolerance) const override;
 
 private:
   brixIntArray Counts;

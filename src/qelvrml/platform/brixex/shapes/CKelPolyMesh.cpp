@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "qelvrml/platform/brix/groups/brixObjectVisitor.h"
+#include "qelvrml/platform/brixex/shapes/PointBlocks.h"
 #include "qelvrml/platform/brixex/shapes/PointRange.h"
 
 void CKelPolyMesh::SetPoints(const brixFloatPointArray& points, int rows, int columns, bool closedRows,
@@ -26,13 +27,11 @@ brixBBox CKelPolyMesh::ComputeBBox() const { return qelvrml::BoxOf(Points.View()
 brixEReturn CKelPolyMesh::Evaluate(double /*chordTolerance*/, brixEvaluation& result) const {
   result = {};
   result.Points.assign(Points.View().begin(), Points.View().end());
-  const int lastRow = ClosedRows ? Rows : Rows - 1;
-  const int lastColumn = ClosedColumns ? Columns : Columns - 1;
   const auto at = [this](int row, int column) {
     return static_cast<unsigned>((row % Rows) * Columns + column % Columns);
   };
-  for (int row = 0; row < lastRow; ++row) {
-    for (int column = 0; column < lastColumn; ++column) {
+  for (int row = 0; row < CellRows(); ++row) {
+    for (int column = 0; column < CellColumns(); ++column) {
       const unsigned a = at(row, column);
       const unsigned b = at(row, column + 1);
       const unsigned c = at(row + 1, column + 1);
@@ -42,4 +41,8 @@ brixEReturn CKelPolyMesh::Evaluate(double /*chordTolerance*/, brixEvaluation& re
   }
   qelvrml::ComputePointNormals(result);
   return result.Triangles.empty() ? brixEFailed : brixEOK;
+}
+
+std::size_t CKelPolyMesh::CountTriangles(double /*chordTolerance*/) const {
+  return 2 * static_cast<std::size_t>(CellRows()) * static_cast<std::size_t>(CellColumns());
 }

@@ -22,8 +22,13 @@ public:
   brixBBox ComputeBBox() const override;
   /// Two triangles for each cell of the grid.
   brixEReturn Evaluate(double chordTolerance, brixEvaluation& result) const override;
+  std::size_t CountTriangles(double chordTolerance) const override;
 
 private:
+  int CellRows() const { return CellsAlong(Rows, ClosedRows); }
+  int CellColumns() const { return CellsAlong(Columns, ClosedColumns); }
+  static int CellsAlong(int points, bool closed) { return closed || points == 0 ? points : points - 1; }
+
   brixFloatPointArray Points;  ///< exactly the grid
   int Rows = 0;
   int Columns = 0;

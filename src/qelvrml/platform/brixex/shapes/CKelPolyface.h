@@ -21,6 +21,7 @@ public:
   brixBBox ComputeBBox() const override;
   /// Each face has points of its own with the face's normal.
   brixEReturn Evaluate(double chordTolerance, brixEvaluation& result) const override;
+  std::size_t CountTriangles(double chordTolerance) const override;
 
 private:
   brixFloatPointArray Points;

@@ -11,3 +11,7 @@ brixEReturn CKelPolygon::Evaluate(double chordTolerance, brixEvaluation& result)
   qelvrml::AddPolygon(GetPolyline().View(), result);
   return brixEOK;
 }
+
+std::size_t CKelPolygon::CountTriangles(double /*chordTolerance*/) const {
+  return qelvrml::CountPolygonTriangles(GetPolyline().View());
+}

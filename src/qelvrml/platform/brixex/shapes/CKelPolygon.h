@@ -10,4 +10,5 @@ public:
   void Accept(brixObjectVisitor& visitor) const override;
   /// Triangles of the face; segments of an outline of fewer than three points.
   brixEReturn Evaluate(double chordTolerance, brixEvaluation& result) const override;
+  std::size_t CountTriangles(double chordTolerance) const override;
 };

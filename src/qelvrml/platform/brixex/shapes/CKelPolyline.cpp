@@ -1,7 +1,7 @@
 #include "qelvrml/platform/brixex/shapes/CKelPolyline.h"
 
 #include "qelvrml/platform/brix/groups/brixObjectVisitor.h"
-#include "qelvrml/platform/brixex/shapes/PointRange.h"
+#include "qelvrml/platform/brixex/shapes/PointBlocks.h"
 
 void CKelPolyline::SetPolyline(const brixFloatPointArray& points, bool closed) {
   Points = points;
@@ -23,3 +23,5 @@ brixEReturn CKelPolyline::Evaluate(double /*chordTolerance*/, brixEvaluation& re
   if (Closed && Points.GetSize() > 2) result.Segments.insert(result.Segments.end(), {Points.GetSize() - 1, 0});
   return result.Segments.empty() ? brixEFailed : brixEOK;
 }
+
+std::size_t CKelPolyline::CountTriangles(double /*chordTolerance*/) const { return 0; }

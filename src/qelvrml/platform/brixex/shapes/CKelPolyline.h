@@ -17,6 +17,7 @@ public:
   brixBBox ComputeBBox() const override;
   /// A segment from each point to the next one.
   brixEReturn Evaluate(double chordTolerance, brixEvaluation& result) const override;
+  std::size_t CountTriangles(double chordTolerance) const override;
 
 private:
   brixFloatPointArray Points;

@@ -35,6 +35,10 @@ brixEReturn CKelTriangleStrip::Evaluate(double /*chordTolerance*/, brixEvaluatio
   return result.Triangles.empty() ? brixEFailed : brixEOK;
 }
 
+std::size_t CKelTriangleStrip::CountTriangles(double /*chordTolerance*/) const {
+  return TrianglesOfStrip(GetPoints().GetSize());
+}
+
 void CKelTriangleStrip::AddStrip(unsigned first, unsigned count, brixEvaluation& result) {
   for (unsigned i = 2; i < count; ++i) {
     const unsigned corner = first + i;

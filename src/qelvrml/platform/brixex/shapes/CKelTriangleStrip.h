@@ -27,8 +27,10 @@ public:
   void ApplyMatrixToGeometry(const brixMatrix4x4& matrix, brixBool updateBox) override;
   brixBBox ComputeBBox() const override;
   brixEReturn Evaluate(double chordTolerance, brixEvaluation& result) const override;
+  std::size_t CountTriangles(double chordTolerance) const override;
 
 protected:
+  static constexpr std::size_t TrianglesOfStrip(std::size_t points) { return points > 2 ? points - 2 : 0; }
   /// Adds the triangles of a strip of `count` points from `first` on.
   static void AddStrip(unsigned first, unsigned count, brixEvaluation& result);
   /// Fills in the points and, behind the triangles, the normals.

@@ -1,19 +1,16 @@
 #include "qelvrml/platform/brixex/shapes/PointRange.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
+#include <utility>
 
 #include "qelvrml/platform/brix/polygons/PolygonTriangles.h"
+#include "qelvrml/platform/brixex/NewellSum.h"
 #include "qelvrml/platform/brixex/brixMatrixFunctions.h"
 
 namespace qelvrml {
 namespace {
-
-brixVector NormalOf(std::span<const brixFloatPoint> outline) {
-  brixFloatPointArray points;
-  points.Assign(outline);
-  return ComputeNormalForPoints(points);
-}
 
 // The outline seen against its normal, in two coordinates of its dominant plane.
 PlanarRing Project(std::span<const brixFloatPoint> outline, const brixVector& normal) {
@@ -66,25 +63,67 @@ std::vector<unsigned> Triangulate(PlanarRing ring) {
   return corners.empty() ? Fan(size) : corners;
 }
 
+using Overlap = std::array<bool, 3>;
+
+// The axes along which some points are seen in one place.
+Overlap FindOverlap(std::span<const brixFloatPoint> points) {
+  Overlap axes{};
+  for (std::size_t i = 1; i < points.size(); ++i) {
+    for (std::size_t k = 0; k < i; ++k) {
+      const bool x = points[i].x == points[k].x;
+      const bool y = points[i].y == points[k].y;
+      const bool z = points[i].z == points[k].z;
+      axes[0] |= y && z;
+      axes[1] |= z && x;
+      axes[2] |= x && y;
+    }
+  }
+  return axes;
+}
+
+// Whether the normal is longest along the axis, however it is rounded. A coordinate that isn't finite spoils the sums
+// along the two other axes alike.
+bool IsDominant(std::size_t axis, const std::array<double, 3>& sum) {
+  constexpr double Clearly = 1.001;
+  const double along = std::fabs(sum[axis]);
+  return along > Clearly * std::fabs(sum[(axis + 1) % 3]) && along > Clearly * std::fabs(sum[(axis + 2) % 3]);
+}
+
+// Whether Project surely gives different places for all points.
+bool AreSeenApart(std::span<const brixFloatPoint> outline) {
+  const Overlap overlap = FindOverlap(outline);
+  if (overlap == Overlap{}) return true;
+  const std::array<double, 3> sum = NewellSum(outline);
+  return (!overlap[0] && IsDominant(0, sum)) || (!overlap[1] && IsDominant(1, sum)) ||
+         (!overlap[2] && IsDominant(2, sum));
+}
+
+bool AreDistinct(PlanarRing ring) {
+  std::sort(ring.begin(), ring.end());
+  return std::adjacent_find(ring.begin(), ring.end()) == ring.end();
+}
+
 }  // namespace
-
-void Transform(std::span<brixFloatPoint> points, const brixMatrix4x4& matrix) {
-  for (brixFloatPoint& point : points) point = point * matrix;
-}
-
-brixBBox BoxOf(std::span<const brixFloatPoint> points) {
-  brixBBox box;
-  for (const brixFloatPoint& point : points) box.Add(point);
-  return box;
-}
 
 void AddPolygon(std::span<const brixFloatPoint> outline, brixEvaluation& result) {
   if (outline.size() < 3) return;
   const auto first = static_cast<unsigned>(result.Points.size());
-  const brixVector normal = NormalOf(outline);
+  const brixVector normal = ComputeNormalForPoints(outline);
   result.Points.insert(result.Points.end(), outline.begin(), outline.end());
   result.Normals.insert(result.Normals.end(), outline.size(), normal);
   for (const unsigned corner : Triangulate(Project(outline, normal))) result.Triangles.push_back(first + corner);
+}
+
+// A fan has two triangles fewer than points, and so has any triangulation of a ring whose points are all in different
+// places: either it is simple, or there is none and it becomes a fan.
+std::size_t CountPolygonTriangles(std::span<const brixFloatPoint> outline) {
+  constexpr std::size_t Few = 8;  // so that pairs of points are looked at more quickly than they are sorted
+  if (outline.size() < 3) return 0;
+  const std::size_t most = outline.size() - 2;
+  if (most == 1 || (outline.size() <= Few && AreSeenApart(outline))) return most;
+  PlanarRing ring = Project(outline, ComputeNormalForPoints(outline));
+  // Not-a-number can't be sorted, and has no triangulation.
+  return !IsFinite(ring) || AreDistinct(ring) ? most : Triangulate(std::move(ring)).size() / 3;
 }
 
 void ComputePointNormals(brixEvaluation& result) {

@@ -5,7 +5,7 @@
 #include <cstdint>
 
 #include "qelvrml/platform/brix/NormalMatrix.h"
-#include "qelvrml/platform/brixex/shapes/PointRange.h"
+#include "qelvrml/platform/brixex/shapes/PointBlocks.h"
 
 namespace qelvrml {
 namespace {
