@@ -17,10 +17,25 @@ namespace {
 
 std::atomic<long> AllocationsLeft = -1;  // -1: all succeed
 
-void* Allocate(std::size_t size) noexcept {
-  if (AllocationsLeft >= 0 && AllocationsLeft-- == 0) return nullptr;
-  return std::malloc(size == 0 ? 1 : size);
+bool MallocFails = false;  // the first blocks of arrays come from it too, and captured texts
+
+bool FailsNow() { return AllocationsLeft >= 0 && AllocationsLeft-- == 0; }
+
+}  // namespace
+
+// The linker leads calls of the C library's functions here, and those of the names in front to the library.
+// NOLINTBEGIN(bugprone-reserved-identifier)
+extern "C" {
+void* __real_malloc(std::size_t size);
+void* __real_realloc(void* block, std::size_t size);
+void* __wrap_malloc(std::size_t size) { return MallocFails && FailsNow() ? nullptr : __real_malloc(size); }
+void* __wrap_realloc(void* block, std::size_t size) { return FailsNow() ? nullptr : __real_realloc(block, size); }
 }
+// NOLINTEND(bugprone-reserved-identifier)
+
+namespace {
+
+void* Allocate(std::size_t size) noexcept { return FailsNow() ? nullptr : __real_malloc(size == 0 ? 1 : size); }
 
 }  // namespace
 
@@ -74,10 +89,20 @@ TEST(Allocation, EachOneMayFail) {
   const TemporaryFolder folder;
   const std::string packed = folder.Write("packed", Gzip("#VRML V1.0 ascii\nDEF box Cube {} USE box"));
   setenv("TMPDIR", folder.Path().c_str(), 1);
-  for (const CBasicString path : {QELVRML_TEST_SCENES "/short-of-memory.wrl", packed.c_str()}) {
+  std::string numbers;  // enough of them for arrays to grow
+  for (int i = 0; i < 48; ++i) numbers += std::to_string(i % 16) + (i % 3 == 2 ? ".5, " : " ");
+  std::string text = R"(#VRML V1.0 ascii
+    Coordinate3 { point [ % ] } DEF faces IndexedFaceSet { coordIndex [ % ] } USE faces Cube {}
+    Material { diffuseColor [ % ] } ElevationGrid { xDimension 3 zDimension 9 xSpacing 1 zSpacing 1 height [ % ] })";
+  for (std::size_t i = 0; (i = text.find('%')) != std::string::npos;) text.replace(i, 1, numbers);
+  const std::string lists = folder.Write("lists.wrl", text);
+  for (const CBasicString path : {QELVRML_TEST_SCENES "/short-of-memory.wrl", packed.c_str(), lists.c_str()}) {
+    MallocFails = path == lists.c_str();
     for (long n = 0; !HasFailure() && LoadTwice(path, n); ++n) {
     }
   }
+  MallocFails = false;
+  std::filesystem::remove(lists);
   unsetenv("TMPDIR");
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.Path()), {}), 1) << "only the scene is left";
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <atomic>
 #include <cstddef>
+#include <cstdlib>
 #include <limits>
 #include <new>
 #include <span>
@@ -10,6 +11,11 @@
 #include <utility>
 
 #include "qelvrml/platform/brix/brixBool.h"
+
+namespace qelvrml {
+template <class T>
+class ArrayWriter;
+}  // namespace qelvrml
 
 /// An array of plain values, with the semantics of a value.
 ///
@@ -83,9 +89,12 @@ public:
 
   /// Adds one element behind the last, in constant time on average. It may be one of this array's own.
   void Append(T value) {
-    if (Count == std::numeric_limits<int>::max()) throw std::bad_alloc();
-    if (!Storage || GetHeader().Users.load(std::memory_order_acquire) != 1 || Count == GetHeader().Capacity) Grow();
+    if (!IsOwn() || Count == GetHeader().Capacity) Grow();
     Storage[Count++] = value;
+  }
+  /// Gives memory back that is kept for elements to come, if it is much.
+  void Trim() {
+    if (IsOwn() && GetHeader().Capacity - Count > Count / SlackShare) Resize(Count);
   }
 
   void Assign(std::span<const T> values) {
@@ -95,21 +104,37 @@ public:
   }
 
 private:
+  friend class qelvrml::ArrayWriter<T>;
+
+  // In front of the elements.
   struct alignas(alignof(std::max_align_t)) Header {
-    std::atomic<unsigned> Users = 1;
-    unsigned Capacity = 0;
-    bool Pinned = false;  ///< references to the elements have been given out
+    alignas(std::atomic_ref<unsigned>::required_alignment) unsigned Users;
+    unsigned Capacity;
+    bool Pinned;  ///< references to the elements have been given out
   };
 
+  static constexpr unsigned LeastCapacity = sizeof(T) < 32 ? 64 / sizeof(T) : 2;
+  static constexpr unsigned SlackShare = 8;  // elements for each that may stay unused
+
+  // Larger blocks grow where they are, as a rule, and without being copied; so the memory is the C library's.
+  static Header* Reallocate(void* block, unsigned capacity) {
+    block = std::realloc(block, sizeof(Header) + capacity * sizeof(T));
+    if (!block) throw std::bad_alloc();
+    return static_cast<Header*>(block);
+  }
+
   static T* Allocate(unsigned capacity) {
-    void* block = ::operator new(sizeof(Header) + capacity * sizeof(T));
-    auto* header = new (block) Header;
-    header->Capacity = capacity;
+    auto* header = new (Reallocate(nullptr, capacity)) Header{1, capacity, false};
     return reinterpret_cast<T*>(header + 1);
   }
 
-  // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDelete): the count of users isn't understood
+  // The count of users isn't understood.
+  // NOLINTNEXTLINE(clang-analyzer-unix.Malloc, clang-analyzer-core.uninitialized.UndefReturn)
   Header& GetHeader() const { return *(reinterpret_cast<Header*>(Storage) - 1); }
+
+  std::atomic_ref<unsigned> Users() const { return std::atomic_ref<unsigned>(GetHeader().Users); }
+
+  bool IsOwn() const { return Storage && Users().load(std::memory_order_acquire) == 1; }
 
   void Swap(brixArray1D& other) noexcept {
     std::swap(Storage, other.Storage);
@@ -123,16 +148,14 @@ private:
       std::copy_n(other.Storage, other.Count, Storage);
     } else {
       Storage = other.Storage;
-      GetHeader().Users.fetch_add(1, std::memory_order_relaxed);
+      Users().fetch_add(1, std::memory_order_relaxed);
     }
     Count = other.Count;
   }
 
   void Release() noexcept {
-    // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDelete): the count of users isn't understood
-    if (Storage && GetHeader().Users.fetch_sub(1, std::memory_order_acq_rel) == 1) {
-      ::operator delete(static_cast<void*>(&GetHeader()));
-    }
+    // NOLINTNEXTLINE(clang-analyzer-unix.Malloc): the count of users isn't understood
+    if (Storage && Users().fetch_sub(1, std::memory_order_acq_rel) == 1) std::free(&GetHeader());
     Storage = nullptr;
     Count = 0;
   }
@@ -146,11 +169,24 @@ private:
     Swap(own);
   }
 
-  void Detach() {
-    if (Storage && GetHeader().Users.load(std::memory_order_acquire) != 1) MoveTo(Count);
+  // Room for `capacity` elements in a storage that is this array's own.
+  void Resize(unsigned capacity) {
+    Header* header = Reallocate(&GetHeader(), capacity);
+    header->Capacity = capacity;
+    Storage = reinterpret_cast<T*>(header + 1);
   }
 
-  void Grow() { MoveTo(std::max(16U, Count + Count / 2)); }
+  void Detach() {
+    if (Storage && !IsOwn()) MoveTo(Count);
+  }
+
+  // Room for more elements.
+  void Grow() {
+    constexpr unsigned Most = std::numeric_limits<int>::max();
+    if (Count == Most) throw std::bad_alloc();
+    const unsigned capacity = std::min(std::max(LeastCapacity, Count + Count / 2), Most);
+    IsOwn() ? Resize(capacity) : MoveTo(capacity);
+  }
 
   T* Storage = nullptr;
   unsigned int Count = 0;

@@ -20,21 +20,24 @@ public:
 
   class Iterator {
   public:
-    Iterator(std::span<const int> places, std::size_t place) : Places(places), Place(place) {}
-    brixRun operator*() const { return {Places.subspan(Place + 1, Count()), static_cast<int>(Place + 1)}; }
+    Iterator(std::span<const int> places, std::size_t place) : Places(places), Place(place) { FindCount(); }
+    brixRun operator*() const { return {Places.subspan(Place + 1, Count), static_cast<int>(Place + 1)}; }
     Iterator& operator++() {
-      Place += Count() + 1;
+      Place += Count + 1;
+      FindCount();
       return *this;
     }
     bool operator!=(const Iterator& other) const { return Place != other.Place; }
 
   private:
-    std::size_t Count() const {
-      return std::min(static_cast<std::size_t>(std::max(Places[Place], 0)), Places.size() - Place - 1);
+    void FindCount() {
+      if (Place == Places.size()) return;
+      Count = std::min(static_cast<std::size_t>(std::max(Places[Place], 0)), Places.size() - Place - 1);
     }
 
     std::span<const int> Places;
     std::size_t Place;
+    std::size_t Count = 0;  ///< of the run there
   };
 
   Iterator begin() const { return {Places, 0}; }
