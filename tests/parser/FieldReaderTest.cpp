@@ -1,6 +1,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cstring>
+#include <functional>
+#include <iterator>
+#include <random>
+#include <sstream>
+
+#include "qelvrml/parser/reading/NodeReader.h"
 #include "support/Model.h"
 
 namespace {
@@ -109,6 +116,92 @@ TEST(FieldReader, IndexListsBecomeRuns) {
     EXPECT_EQ(Values(merged), runs) << text;
     values.RemoveAllValues();
     counts.RemoveAllValues();
+  }
+}
+
+// All numbers of an array, one behind the other.
+template <class Value>
+std::vector<double> Flat(const brixArray1D<Value>& array) {
+  if constexpr (std::is_arithmetic_v<Value>) {
+    return {array.View().begin(), array.View().end()};
+  } else {
+    std::vector<float> numbers(array.View().size_bytes() / sizeof(float));
+    if (!numbers.empty()) std::memcpy(numbers.data(), array.View().data(), array.View().size_bytes());
+    return {numbers.begin(), numbers.end()};
+  }
+}
+
+std::vector<std::string> Words(const std::string& text) {
+  std::istringstream stream(text);
+  return {std::istream_iterator<std::string>(stream), {}};
+}
+
+// Whether a reader found anything, what it found, and the two tokens that it left, as a text with all digits.
+template <class Array, class Read>
+std::string Reading(const std::string& path, Read read) {
+  CVRMLParser parser;
+  parser.GetIOManager()->SetFilename(path.c_str());
+  parser.GetIOManager()->OpenFile();
+  parser.Tokenize();
+  Array array;
+  std::ostringstream text;
+  text << std::hexfloat << std::invoke(read, parser, array);
+  for (const double value : Flat(array)) text << ' ' << value;
+  return text.str() + " | " + parser.GetCurrentTokenString() + ' ' + parser.GetNextTokenString();
+}
+
+std::vector<std::string> AllReadings(const std::string& path) {
+  using qelvrml::NodeReader;
+  const auto runs = [](CVRMLParser& parser, brixIntArray& array) { return NodeReader(parser).TakeRunList(array); };
+  const auto indices = [](CVRMLParser& parser, brixIntArray& array) { return NodeReader(parser).TakeIndices(array); };
+  const auto lists = [](CVRMLParser& parser, brixIntArray& array) {
+    CKelList values;
+    CKelList counts;
+    values.SetIntegerElements();
+    counts.SetIntegerElements();
+    const bool found = parser.ParseIndexArray(values, counts);
+    CVRMLParser::MergeIndexLists(array, values, counts);
+    values.RemoveAllValues();
+    counts.RemoveAllValues();
+    return found;
+  };
+  const std::string merged = Reading<brixIntArray>(path, lists);
+  EXPECT_EQ(Reading<brixIntArray>(path, runs), merged);
+  return {Reading<brixFloatPointArray>(path, &CVRMLParser::ParsePointArray),
+          Reading<brix2DFloatPointArray>(path, &CVRMLParser::Parse2DPointArray),
+          Reading<brixDoubleArray>(path, &CVRMLParser::ParseFloatArray),
+          Reading<brixChromaArray>(path, &CVRMLParser::ParseColorArray),
+          Reading<brixIntArray>(path, indices),
+          merged};
+}
+
+// A list of a file is read in one go, but for token by token where comments part its values. Places where progress is
+// to be reported cut it too: the longer the file, the fewer there are.
+TEST(FieldReader, ListsInOneGo) {
+  const std::vector<std::string> plain = Words("0 1 2 17 -1 -1 0.5 -2.25 12345678 3.14159265");
+  const std::vector<std::string> odd = Words(
+      "1e5 -1.0 -1.5 0x10 12345678901 -1e0 +3 -0.0 .5 7. 1e400 word radius TRUE 1x [ ] } { ( ) \"1\" "
+      "9.87654321098765432 -0 -12345678");
+  std::mt19937 random(7);
+  const TemporaryFolder folder;
+  for (int i = 0; i < 200 && !HasFailure(); ++i) {
+    const std::size_t rarity = 1 + random() % 60;
+    std::vector<std::string> words = {"["};
+    for (std::size_t left = random() % 70; left > 0; --left) {
+      const std::vector<std::string>& from = random() % rarity == 0 ? odd : plain;
+      words.push_back(from[random() % from.size()]);
+    }
+    if (random() % 4 != 0) words.emplace_back("]");
+    const std::string behind = " next } #" + std::string(random() % 30'000, 'x');
+    std::string inOneGo = "#VRML V2.0 utf8\n";
+    std::string piecewise = inOneGo;
+    for (const std::string& word : words) {
+      inOneGo += word + std::vector<std::string>{" ", ", ", "\n", "\t ", ","}[random() % 5];
+      piecewise += word + " # 1 2\n";
+    }
+    EXPECT_EQ(AllReadings(folder.Write("list.wrl", inOneGo + behind)),
+              AllReadings(folder.Write("piecewise.wrl", piecewise + behind)))
+        << inOneGo;
   }
 }
 

@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <sstream>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -66,6 +67,52 @@ TEST(Load, ProgressRisesStrictlyAndNeverReachesTheEnd) {
   const std::size_t count = Reports().size();
   parser.Parse(&world, path.c_str());
   EXPECT_EQ(Reports().size(), count) << "a second load reports only above the last percentage";
+}
+
+// Reported are the ends of the tokens that come next, but for those inside of what is passed over by a scan. Tokens are
+// parted by one blank here, and a word in front of which a * stands is one that is passed over.
+TEST(Load, ProgressByTheEndsOfTokens) {
+  const auto numbers = [](std::size_t count) {
+    std::string text;
+    for (std::size_t i = 0; i < count; ++i) text += std::to_string(i % 5) + std::string(i % 7, '0') + ' ';
+    return text;
+  };
+  for (const std::size_t count : {0U, 1U, 2U, 3U, 5U, 8U, 13U, 34U, 55U, 144U, 377U, 2584U, 30'000U}) {
+    const std::string list = numbers(count);
+    std::string passed;
+    for (std::size_t i = 0; i < count; ++i) passed += "*x ";
+    for (const std::string& words :
+         {"Cube { } " + list, "Coordinate3 { point [ " + list + "] } PointSet { numPoints 2 }",
+          "ShapeHints { " + passed + "} Cube { }",
+          "Info { string " + passed + "} IndexedFaceSet { coordIndex [ " + list,
+          "Material { diffuseColor [ " + list + "] transparency [ " + list + "] } ShapeHints { " + passed +
+              "} Cube { }"}) {
+      std::string scene = "#VRML V1.0 ascii\n";
+      std::vector<std::size_t> ends;
+      std::istringstream stream(words);
+      for (std::string word; stream >> word;) {
+        const bool seen = word[0] != '*';
+        scene += seen ? word : word.substr(1);
+        if (seen) ends.push_back(scene.size());
+        scene += ' ';
+      }
+      ends.front() = 0;  // the first token is read before the load begins
+      ends.push_back(scene.size());
+      std::vector<int> expected;
+      for (const std::size_t end : ends) {
+        const double share = static_cast<double>(end) / static_cast<double>(scene.size()) * 100;
+        const int percentage = std::min(static_cast<int>(share), 99);
+        if (percentage > (expected.empty() ? 0 : expected.back())) expected.push_back(percentage);
+      }
+      Reports().clear();
+      const TemporaryFolder folder;
+      CKelWorld world;
+      CVRMLParser parser;
+      parser.SetLoaderPtr([](int percentage) { Reports().push_back(percentage); });
+      parser.Parse(&world, folder.Write("scene.wrl", scene).c_str());
+      EXPECT_EQ(Reports(), expected) << scene.substr(0, 300);
+    }
+  }
 }
 
 TEST(Load, ASecondLoadKnowsTheNamesOfTheFirst) {

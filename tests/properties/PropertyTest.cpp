@@ -1,6 +1,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <bit>
+#include <cmath>
+#include <limits>
+#include <random>
+
+#include "qelvrml/platform/brixex/brixMatrixFunctions.h"
 #include "support/Model.h"
 
 namespace {
@@ -86,6 +92,47 @@ TEST(Transform, ComposesInItsOwnOrder) {
       IsPoint(1, 2, 0));
   EXPECT_THAT(Moved("Transform { }"), IsPoint(0, 0, 0));
   EXPECT_THAT(Sized("Transform { scaleFactor 0 0 0 }"), IsPoint(0, 0, 0));
+}
+
+// Factors that change nothing are left out; the product is the same to the bit.
+TEST(Transform, IsTheProductOfAllItsFactors) {
+  constexpr float Infinity = std::numeric_limits<float>::infinity();
+  std::mt19937 random(3);
+  const auto one = [&random] { return static_cast<float>(random() % 2001) / 1000.0F - 1.0F; };
+  const auto turn = [&](std::uint64_t kind) {
+    return kind == 0 ? brixMatrix4x4()
+                     : CreateRotationMatrixForNormalAngle({one(), one(), kind == 1 ? 0 : one()}, one());
+  };
+  const auto point = [&](std::uint64_t kind) {
+    brixFloatPoint p(one(), one(), kind % 2 == 0 ? 0.0F : one());
+    if (kind == 1) p = {0.0F, -0.0F, 0.0F};
+    if (kind == 2) p.y = std::vector<float>{Infinity, -Infinity, NAN, 3e38F, 1e-40F, -0.0F}[random() % 6];
+    return p;
+  };
+  for (int i = 0; i < 3000 && !HasFailure(); ++i) {
+    const brixFloatPoint translation = point(random() % 8);
+    const brixFloatPoint scale = point(random() % 8);
+    const brixFloatPoint center = point(random() % 2 == 0 ? 1 : random() % 8);
+    brixMatrix4x4 rotation = turn(random() % 3);
+    if (random() % 50 == 0) rotation[1][2] = std::vector<float>{Infinity, NAN}[random() % 2];
+    const brixMatrix4x4 orientation = turn(random() % 2 == 0 ? 0 : random() % 3);
+    const brixMatrix4x4 back = GetDisplacementMatrix({-center.x, -center.y, -center.z});
+    const brixMatrix4x4 expected =
+        (back * rotation * orientation * GetScaleMatrix(scale) * GetInverseMatrix(orientation) *
+         GetInverseMatrix(back) * GetDisplacementMatrix(translation)) *
+        brixMatrix4x4();
+    CVRMLParser parser;
+    parser.DefineSeparator();
+    parser.DefineTransform(translation, scale, rotation, orientation, center);
+    const brixMatrix4x4 matrix = parser.GetCurrentSeparator()->GetTransformation();
+    for (std::size_t k = 0; k < 16; ++k) {
+      const float value = matrix[k / 4][k % 4];
+      const float product = expected[k / 4][k % 4];
+      EXPECT_TRUE(std::isnan(product) ? std::isnan(value)
+                                      : std::bit_cast<unsigned>(value) == std::bit_cast<unsigned>(product))
+          << i << ": " << value << " for " << product;
+    }
+  }
 }
 
 TEST(Transform, AScopeOfItsOwnInVersion2) {

@@ -5,6 +5,7 @@
 #include <cstring>
 #include <utility>
 
+#include "qelvrml/platform/genparse/Characters.h"
 #include "qelvrml/prototypes/CVRMLPrototype.h"
 #include "support/Model.h"
 
@@ -42,6 +43,25 @@ TEST(Prototype, ValuesTakeThePlaceOfTheirReferences) {
             "children [ Box { } ]\n size ")
       << "a type without a form takes nothing from an instance";
   EXPECT_EQ(Expanded("PROTO P [] { }", ""), "none");
+}
+
+// Of fields with one name the first counts, in the declaration as in the instance, however many there are.
+TEST(Prototype, AnyNumberOfFields) {
+  for (const int count : {1, 2, 15, 16, 17, 18, 40}) {
+    std::string fields;
+    std::string body;
+    std::string given;
+    std::string expected;
+    for (int i = 0; i < count; ++i) {
+      const std::string name = "f" + std::to_string(i);
+      fields += "field SFFloat " + name + ' ' + std::to_string(i) + ' ';
+      if (i % 3 != 1) given += name + ' ' + std::to_string(100 + i) + ' ';
+      body += "w IS " + name + ' ';
+      expected += "w " + std::to_string(i % 3 == 1 ? i : 100 + i) + ' ';
+    }
+    const std::string scene = "PROTO P [ " + fields + "field SFFloat f0 -1 ] { " + body + "end IS F0 }";
+    EXPECT_EQ(Expanded(scene, given + "f0 -2"), expected + "end f0 -2") << count;
+  }
 }
 
 TEST(Prototype, InstancesAreNodesOfTheScene) {
@@ -195,6 +215,34 @@ TEST_F(CaptureTest, BlocksEndWhereTheirKindSays) {
   EXPECT_EQ(Current(), "next");
   EXPECT_EQ(Block("{ a ( b", false), "a ( b") << "the input ends";
   EXPECT_EQ(Block("[ 1 ] stray words field", true), "[ 1 ]") << "what isn't counted isn't written";
+}
+
+// A text as long as any, told from its tokens.
+TEST_F(CaptureTest, TextsOfAllLengths) {
+  const auto joined = [](const std::vector<std::string>& tokens) {
+    std::string text;
+    for (std::size_t i = 1; i <= tokens.size(); ++i) {
+      text += tokens[i - 1] + (i < tokens.size() ? " " : "") + (i % 5 == 0 ? "\n" : "");
+    }
+    return text;
+  };
+  for (const std::size_t count : {1U, 2U, 3U, 4U, 5U, 6U, 9U, 10U, 11U, 30'000U, 8U}) {
+    std::string text;
+    std::vector<std::string> tokens;
+    for (std::size_t i = 0; i < count; ++i) {
+      text += i % 3 == 0 ? "\"(" + std::string(i % 40, 'x') + "\" " : std::to_string(i) + ' ';
+      tokens.push_back(i % 3 == 0 ? qelvrml::ToShiftCode('(') + std::string(i % 40, 'x') : std::to_string(i));
+    }
+    EXPECT_EQ(Block("{ " + text + "} next", false), joined(tokens));
+    EXPECT_EQ(Block("{ " + text, false), joined(tokens)) << "the input ends";
+    tokens.insert(tokens.begin(), "[");
+    std::string open = joined(tokens) + (tokens.size() % 5 == 0 ? "" : " ") + "  ";
+    tokens.emplace_back("]");
+    for (const bool fieldDefault : {false, true})
+      EXPECT_EQ(Block("[ " + text + "] field", fieldDefault), joined(tokens));
+    EXPECT_EQ(Field("[ " + text + "] next", VRMLFieldMFSTRING), joined(tokens));
+    EXPECT_EQ(Current(), "next");
+  }
 }
 
 TEST_F(CaptureTest, ValuesByTheirType) {

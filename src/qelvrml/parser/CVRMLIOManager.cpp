@@ -1,27 +1,24 @@
 #include "qelvrml/parser/CVRMLIOManager.h"
 
 #include <algorithm>
-#include <array>
 #include <string_view>
 
+#include "qelvrml/foundation/AsciiCase.h"
 #include "qelvrml/parser/KeywordTable.h"
-#include "qelvrml/platform/genparse/Characters.h"
+#include "qelvrml/platform/genparse/KeywordIndex.h"
 
 namespace {
 
-// By token class; a keyword gives its own value.
-constexpr std::array<VRMLTokenTypes, 11> TypesOfClasses = {
-    VRMLTokenUnknown,     VRMLTokenEndOfFile,    VRMLTokenOpenBrace, VRMLTokenCloseBrace,
-    VRMLTokenOpenBracket, VRMLTokenCloseBracket, VRMLTokenOpenParen, VRMLTokenCloseParen,
-    VRMLTokenSTRING,      VRMLTokenBoolean,      VRMLTokenNumber};
-static_assert(TypesOfClasses[GenericTokenNumber] == VRMLTokenNumber);
+constexpr auto KeywordRows = static_cast<int>(VRMLKeywordCount);
+
+std::shared_ptr<const qelvrml::KeywordIndex> GetKeywordIndex() {
+  static const auto index = qelvrml::KeywordIndex::ForTable(GetKeywordTable().data(), KeywordRows);
+  return index;
+}
 
 }  // namespace
 
-CVRMLIOManager::CVRMLIOManager() {
-  SetKeywordTable(GetKeywordTable().data());
-  SetKeywordTableSize(static_cast<int>(VRMLKeywordCount));
-}
+CVRMLIOManager::CVRMLIOManager() : CGenericParser(GetKeywordTable().data(), KeywordRows, GetKeywordIndex()) {}
 
 VRMLLoadResultTypes CVRMLIOManager::OpenFile() {
   switch (OpenAndInitialize()) {
@@ -45,20 +42,6 @@ bool CVRMLIOManager::ReadFileHeader() {
   if (version20) Version = VRMLVersion20;
   SetInputStringValue(nullptr);
   return version10 || version20;
-}
-
-VRMLTokenTypes CVRMLIOManager::GetTokenType(const CGenericToken& token) {
-  const GenericTokenTypes type = token.GetDataType();
-  if (type == GenericTokenUserDefined) return static_cast<VRMLTokenTypes>(token.GetUserDefinedType());
-  return type < TypesOfClasses.size() ? TypesOfClasses[type] : VRMLTokenUnknown;
-}
-
-bool CVRMLIOManager::IsBeginType(VRMLTokenTypes type) {
-  return type == VRMLTokenOpenBrace || type == VRMLTokenOpenBracket || type == VRMLTokenOpenParen;
-}
-
-bool CVRMLIOManager::IsEndType(VRMLTokenTypes type) {
-  return type == VRMLTokenCloseBrace || type == VRMLTokenCloseBracket || type == VRMLTokenCloseParen;
 }
 
 bool CVRMLIOManager::EndsField(VRMLTokenTypes type) {

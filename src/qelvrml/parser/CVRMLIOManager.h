@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <string>
 
 #include "qelvrml/foundation/VRMLExport.h"
@@ -30,7 +31,11 @@ public:
   /// Takes "#VRML V1.0 ascii" and "#VRML V2.0 utf8", in any case and with anything behind them; sets the version.
   bool ReadFileHeader() override;
 
-  static VRMLTokenTypes GetTokenType(const CGenericToken& token);
+  static VRMLTokenTypes GetTokenType(const CGenericToken& token) {
+    const GenericTokenTypes type = token.GetDataType();
+    if (type == GenericTokenUserDefined) return static_cast<VRMLTokenTypes>(token.GetUserDefinedType());
+    return type < TypesOfClasses.size() ? TypesOfClasses[type] : VRMLTokenUnknown;
+  }
   VRMLTokenTypes GetCurrentTokenType() const { return GetTokenType(GetCurrentToken()); }
   VRMLTokenTypes GetNextTokenType() const { return GetTokenType(GetNextToken()); }
   /// Whether the token is {, [ or (.
@@ -71,12 +76,28 @@ private:
   bool CaptureImage(Take take);
   template <class Take>
   bool CaptureNodes(Take take);
-  void MeasureBlock(bool fieldDefault, int& sum, int& count);
+  template <class Take>
+  bool CaptureValue(Take take, VRMLFieldTypes type, const CVRMLPrototype* prototype);
+  bool CaptureBlock(char** text, int* length);
+  bool CaptureDefault(char** text, int* length);
+  void MeasureDefault(int& sum, int& count);
   bool WriteTokens(char* out, int length, int total);
 
-  static bool IsBeginType(VRMLTokenTypes type);
-  static bool IsEndType(VRMLTokenTypes type);
+  static bool IsBeginType(VRMLTokenTypes type) {
+    return type == VRMLTokenOpenBrace || type == VRMLTokenOpenBracket || type == VRMLTokenOpenParen;
+  }
+  static bool IsEndType(VRMLTokenTypes type) {
+    return type == VRMLTokenCloseBrace || type == VRMLTokenCloseBracket || type == VRMLTokenCloseParen;
+  }
   static bool EndsField(VRMLTokenTypes type);
 
+  /// By token class; a keyword gives its own value.
+  static constexpr std::array<VRMLTokenTypes, 11> TypesOfClasses = {
+      VRMLTokenUnknown,     VRMLTokenEndOfFile,    VRMLTokenOpenBrace, VRMLTokenCloseBrace,
+      VRMLTokenOpenBracket, VRMLTokenCloseBracket, VRMLTokenOpenParen, VRMLTokenCloseParen,
+      VRMLTokenSTRING,      VRMLTokenBoolean,      VRMLTokenNumber};
+  static_assert(TypesOfClasses[GenericTokenNumber] == VRMLTokenNumber);
+
   VRMLVersionTypes Version = VRMLVersion10;
+  std::string CaptureScratch;  ///< the text that is being captured
 };

@@ -27,6 +27,21 @@ struct UnitStep {
 constexpr std::array<UnitStep, 3> UnitSteps = {
     {{VRMLUnitsCentimeters, 100.0F}, {VRMLUnitsMillimeters, 10.0F}, {VRMLUnitsMicrons, 1000.0F}}};
 
+int PercentageAt(int offset, int total) {
+  const double ratio = static_cast<double>(offset) / static_cast<double>(total);
+  return std::min(qelvrml::CutToInt(ratio * 100.0), LargestPercentage);
+}
+
+// The first offset with a higher percentage; negative if there is none.
+int OffsetBehind(int percentage, int total) {
+  if (percentage >= LargestPercentage) return -1;
+  const double share = std::max(percentage + 1, 0) / 100.0;
+  int offset = qelvrml::CutToInt(share * total);
+  while (offset > 0 && PercentageAt(offset - 1, total) > percentage) --offset;
+  while (PercentageAt(offset, total) <= percentage) ++offset;
+  return offset;
+}
+
 // Entries under a name of their own are found by it; a recorded USE bears the name of another.
 std::optional<std::uint32_t> KeyOfEntry(void* data) {
   auto* entry = static_cast<CVRMLDictionaryEntry*>(data);
@@ -179,13 +194,15 @@ void CVRMLParser::DetermineUnits() {
 }
 
 void CVRMLParser::UpdateStatus() {
-  if (SkippingBlock) return;
-  const double total = IOManager.GetTotalFileSize();
-  const double ratio = static_cast<double>(IOManager.GetCurrentFileOffset()) / total;
-  const int percentage = std::min(qelvrml::CutToInt(ratio * 100.0), LargestPercentage);
-  if (percentage <= LastPercentage || total == 0.0) return;
-  if (LoaderPtr) LoaderPtr(percentage);
-  LastPercentage = percentage;
+  if (SkippingBlock || !IOManager.IsBehindMilestone()) return;
+  const int total = IOManager.GetTotalFileSize();
+  if (total == 0) return;
+  const int percentage = PercentageAt(IOManager.GetCurrentFileOffset(), total);
+  if (percentage > LastPercentage) {
+    if (LoaderPtr) LoaderPtr(percentage);
+    LastPercentage = percentage;
+  }
+  if (IOManager.GetTotalFileSize() == total) IOManager.SetMilestone(OffsetBehind(LastPercentage, total));
 }
 
 bool CVRMLParser::SaveIOState(CGenericIOState& state) {
@@ -204,13 +221,14 @@ bool CVRMLParser::RestoreIOState(const CGenericIOState& state) {
 
 brixMatrix4x4 CVRMLParser::CreateBaseTranslationMatrix() {
   constexpr double QuarterTurn = -1.5707964897155762;  // the quarter turn of hosts: pi / 2 rounded to single precision
-  return CreateRotationMatrixForNormalAngle({1.0F, 0.0F, 0.0F}, QuarterTurn);
+  static const brixMatrix4x4 matrix = CreateRotationMatrixForNormalAngle({1.0F, 0.0F, 0.0F}, QuarterTurn);
+  return matrix;
 }
 
 bool CVRMLParser::Tokenize() {
   if (!IOManager.Tokenize()) return false;
-  qelvrml::MarkPrototypeNames(*this);
-  UpdateStatus();
+  if (PrototypeDictionary->GetCount() > 0) qelvrml::MarkPrototypeNames(*this);
+  if (IOManager.IsBehindMilestone()) UpdateStatus();
   return true;
 }
 

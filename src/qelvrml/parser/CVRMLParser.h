@@ -76,7 +76,10 @@ public:
   CKelWorld* GetWorld() const { return World; }
   void SetWorld(CKelWorld* world) { World = world; }
   int GetLastPercentage() const { return LastPercentage; }
-  void SetLastPercentage(int percentage) { LastPercentage = percentage; }
+  void SetLastPercentage(int percentage) {
+    LastPercentage = percentage;
+    IOManager.ClearMilestone();
+  }
   /// The unit that the model ended in.
   VRMLImageUnitsTypes GetImageUnits() const { return ImageUnits; }
   void SetImageUnits(VRMLImageUnitsTypes units) { ImageUnits = units; }

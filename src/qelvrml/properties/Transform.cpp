@@ -3,6 +3,9 @@
 //   point * move by -centre * rotation * scale orientation * scale * inverse scale orientation * move back *
 //   translation
 
+#include <cmath>
+#include <optional>
+
 #include "qelvrml/dictionary/CVRMLDictionaryTransforms.h"
 #include "qelvrml/dictionary/Recording.h"
 #include "qelvrml/parser/reading/NodeReader.h"
@@ -11,6 +14,7 @@
 #include "qelvrml/scene/Scopes.h"
 
 using qelvrml::NodeReader;
+using qelvrml::ReadingMark;
 
 namespace {
 
@@ -22,6 +26,39 @@ struct TransformFields {
   brixMatrix4x4 ScaleOrientation;
   brixFloatPoint Center;
 };
+
+bool IsOrigin(const brixFloatPoint& p) { return p.x == 0.0F && p.y == 0.0F && p.z == 0.0F; }
+
+bool IsIdentity(const brixMatrix4x4& matrix) {
+  const brixMatrix4x4 identity;
+  for (std::size_t row = 0; row < 4; ++row) {
+    if (matrix[row] != identity[row]) return false;
+  }
+  return true;
+}
+
+bool IsFinite(const brixFloatPoint& p) { return std::isfinite(p.x) && std::isfinite(p.y) && std::isfinite(p.z); }
+
+bool IsFinite(const brixMatrix4x4& matrix) {
+  double sum = 0.0;
+  for (std::size_t row = 0; row < 4; ++row) {
+    for (const float element : matrix[row]) sum += element * 0.0;
+  }
+  return sum == 0.0;
+}
+
+brixMatrix4x4 WholeTransformation(const brixFloatPoint& translation, const brixFloatPoint& scaleFactor,
+                                  const brixMatrix4x4& rotation, const brixMatrix4x4& scaleOrientation,
+                                  const brixFloatPoint& center) {
+  // Most nodes have neither a centre nor an orientation of the scale, and the matrices of these then change nothing.
+  if (IsOrigin(center) && IsIdentity(scaleOrientation) && IsFinite(scaleFactor) && IsFinite(translation) &&
+      IsFinite(rotation)) {
+    return rotation * GetScaleMatrix(scaleFactor) * GetDisplacementMatrix(translation);
+  }
+  const brixMatrix4x4 toCenter = GetDisplacementMatrix({-center.x, -center.y, -center.z});
+  return toCenter * rotation * scaleOrientation * GetScaleMatrix(scaleFactor) * GetInverseMatrix(scaleOrientation) *
+         GetInverseMatrix(toCenter) * GetDisplacementMatrix(translation);
+}
 
 void TakePoint(CVRMLParser& parser, brixFloatPoint& point) {
   parser.Tokenize();
@@ -37,9 +74,9 @@ brixMatrix4x4 TakeRotation(CVRMLParser& parser) {
 }
 
 // The children come last, whatever the order of the fields, so that all of the node's transformation acts on them.
-void PassOverChildren(CVRMLParser& parser, CGenericIOState& children) {
+void PassOverChildren(CVRMLParser& parser, std::optional<ReadingMark>& children) {
   parser.Tokenize();
-  parser.SaveIOState(children);
+  children.emplace(parser);
   if (NodeReader(parser).Is(VRMLTokenOpenBracket)) {
     parser.SkipArray(true);
   } else {
@@ -48,7 +85,7 @@ void PassOverChildren(CVRMLParser& parser, CGenericIOState& children) {
   qelvrml::ForgetDefinedName(parser);
 }
 
-TransformFields ReadFields(CVRMLParser& parser, CGenericIOState& children) {
+TransformFields ReadFields(CVRMLParser& parser, std::optional<ReadingMark>& children) {
   TransformFields fields;
   NodeReader reader(parser);
   reader.WhileInNode([&](VRMLTokenTypes keyword) {
@@ -72,10 +109,9 @@ TransformFields ReadFields(CVRMLParser& parser, CGenericIOState& children) {
 }
 
 // Goes back to the children, and on from the node's end behind them.
-bool ReadChildren(CVRMLParser& parser, const CGenericIOState& children, bool result) {
-  CGenericIOState end;
-  parser.SaveIOState(end);
-  if (parser.RestoreIOState(children)) NodeReader(parser).ParseNodeOrList(result);
+bool ReadChildren(CVRMLParser& parser, const std::optional<ReadingMark>& children, bool result) {
+  const ReadingMark end(parser);
+  if (children && children->GoBackTo(parser)) NodeReader(parser).ParseNodeOrList(result);
   qelvrml::GoBack(parser, end);
   parser.PopSeparator();
   return result;
@@ -89,7 +125,7 @@ bool CVRMLParser::ParseTransform() {
   NodeReader(*this).StepOver({VRMLTokenOpenBrace, VRMLTokenTRANSFORM});
   const bool opensScope = GetVersion() == VRMLVersion20;
   if (opensScope) qelvrml::OpenNodeScope(*this);
-  CGenericIOState children;
+  std::optional<ReadingMark> children;
   const TransformFields fields = ReadFields(*this, children);
   const bool result =
       DefineTransform(fields.Translation, fields.ScaleFactor, fields.Rotation, fields.ScaleOrientation, fields.Center);
@@ -100,11 +136,8 @@ bool CVRMLParser::DefineTransform(const brixFloatPoint& translation, const brixF
                                   const brixMatrix4x4& rotation, const brixMatrix4x4& scaleOrientation,
                                   const brixFloatPoint& center) {
   if (!CurrentSeparator) return false;
-  const brixMatrix4x4 toCenter = GetDisplacementMatrix({-center.x, -center.y, -center.z});
-  const brixMatrix4x4 matrix = toCenter * rotation * scaleOrientation * GetScaleMatrix(scaleFactor) *
-                               GetInverseMatrix(scaleOrientation) * GetInverseMatrix(toCenter) *
-                               GetDisplacementMatrix(translation);
-  CurrentSeparator->MultiplyTransformation(matrix);
+  CurrentSeparator->MultiplyTransformation(
+      WholeTransformation(translation, scaleFactor, rotation, scaleOrientation, center));
   qelvrml::Record<CVRMLDictionaryTransform>(*this, [&](auto& entry) {
     entry.SetTranslation(translation);
     entry.SetScaleFactor(scaleFactor);

@@ -1,4 +1,4 @@
-// Capturing a stretch of tokens as text. A first pass measures, a second one writes into a buffer of exactly that size:
+// Capturing a stretch of tokens as text:
 //
 //   each token's text, a blank behind every token but the last, a line feed behind every fifth token
 //
@@ -65,6 +65,48 @@ CBasicAllocatedText AllocateBlanks(int length) {
   return text;
 }
 
+// A captured text that grows by one token after the other.
+class CapturedText {
+public:
+  explicit CapturedText(std::string& text) : Text(text) { Text.clear(); }
+
+  void Add(CVRMLIOManager& tokens) {
+    const std::size_t before = Separate();
+    tokens.AppendCapturedText(Text);
+    Characters += Text.size() - before;
+  }
+  /// Blanks in the place of a token that ought to have been there.
+  void AddMissing(std::size_t length) {
+    Separate();
+    Text.append(length, ' ');
+    Characters += length;
+  }
+  bool IsEmpty() const { return Characters == 0; }
+  /// A copy, which the caller frees; null if it is too long or finds no memory.
+  CBasicAllocatedText Take(int& length, bool endsLine = true) {
+    if (Count % TokensOfALine == 0) Text += endsLine ? '\n' : ' ';
+    length = static_cast<int>(std::min<std::size_t>(Text.size(), std::numeric_limits<int>::max()));
+    CBasicAllocatedText copy = AllocateBlanks(length == std::numeric_limits<int>::max() ? -1 : length);
+    if (copy) std::copy(Text.begin(), Text.end(), copy.get());
+    if (Text.capacity() > KeptCapacity) std::string().swap(Text);
+    return copy;
+  }
+
+private:
+  static constexpr std::size_t KeptCapacity = 65'536;
+
+  std::size_t Separate() {
+    if (Count > 0) Text += ' ';
+    if (Count > 0 && Count % TokensOfALine == 0) Text += '\n';
+    ++Count;
+    return Text.size();
+  }
+
+  std::string& Text;
+  std::size_t Characters = 0;  // of the tokens
+  std::uint64_t Count = 0;     // tokens
+};
+
 }  // namespace
 
 void CVRMLIOManager::AppendCapturedText(std::string& text) {
@@ -94,8 +136,12 @@ bool CVRMLIOManager::CaptureToken(char** out, int* sum, int* count, int total) {
 
 bool CVRMLIOManager::CaptureFieldValue(char** out, int* sum, int* count, int total, VRMLFieldTypes type,
                                        const CVRMLPrototype* prototype) {
+  return CaptureValue([=, this] { return CaptureToken(out, sum, count, total); }, type, prototype);
+}
+
+template <class Take>
+bool CVRMLIOManager::CaptureValue(Take take, VRMLFieldTypes type, const CVRMLPrototype* prototype) {
   if (type >= Forms.size()) return false;
-  const auto take = [=, this] { return CaptureToken(out, sum, count, total); };
   switch (Forms[type].Form) {
     case ValueForms::None: return false;
     case ValueForms::Single: return take();
@@ -162,25 +208,53 @@ bool CVRMLIOManager::CaptureNodes(Take take) {
 
 bool CVRMLIOManager::CaptureFieldText(char** text, int* length, VRMLFieldTypes type, const CVRMLPrototype* prototype) {
   if (!text || !length) return false;
-  CGenericIOState start;
-  SaveIOState(start);
-  int sum = 0;
-  int total = 0;
-  if (!CaptureFieldValue(nullptr, &sum, &total, 0, type, prototype)) return false;
-  const int captured = CapturedLength(sum, total);
-  CBasicAllocatedText buffer = AllocateBlanks(captured);
-  if (!buffer) return false;
-  RestoreIOState(start);
-  *text = buffer.release();
-  *length = captured;
-  char* out = *text;
-  sum = 0;
-  int count = 0;
-  return CaptureFieldValue(&out, &sum, &count, total, type, prototype);
+  CapturedText captured(CaptureScratch);
+  const auto take = [&] {
+    if (GetCurrentTokenType() == VRMLTokenEndOfFile) return false;
+    captured.Add(*this);
+    CGenericParser::Tokenize();
+    return true;
+  };
+  if (!CaptureValue(take, type, prototype)) return false;
+  CBasicAllocatedText value = captured.Take(*length);
+  *text = value.release();
+  return *text != nullptr;
 }
 
-// Counts the tokens of a block or a default and the length of their texts; ends on the last token that it looked at.
-void CVRMLIOManager::MeasureBlock(bool fieldDefault, int& sum, int& count) {
+bool CVRMLIOManager::CaptureBlockText(char** text, int* length, bool fieldDefault) {
+  if (!text || !length) return false;
+  return fieldDefault ? CaptureDefault(text, length) : CaptureBlock(text, length);
+}
+
+// Text that ends inside a block in [ ] has blanks for what is missing.
+bool CVRMLIOManager::CaptureBlock(char** text, int* length) {
+  const bool opened = GetCurrentTokenBeginType();
+  const bool square = GetCurrentTokenType() == VRMLTokenOpenBracket;
+  CapturedText captured(CaptureScratch);
+  if (square) captured.Add(*this);
+  if (opened) CGenericParser::Tokenize();
+  bool atEnd = false;
+  for (int depth = 1; !atEnd;) {
+    depth -= GetCurrentTokenEndType() ? 1 : 0;
+    depth += GetCurrentTokenBeginType() ? 1 : 0;
+    if (depth <= 0) break;
+    captured.Add(*this);
+    if (!opened) break;
+    CGenericParser::Tokenize();
+    atEnd = GetCurrentTokenType() == VRMLTokenEndOfFile;
+  }
+  if (square) atEnd ? captured.AddMissing(1) : captured.Add(*this);
+  if (captured.IsEmpty()) return false;
+  CBasicAllocatedText block = captured.Take(*length, !atEnd || !square);
+  *text = block.release();
+  if (!*text) return false;
+  if (!opened || square) CGenericParser::Tokenize();
+  return !atEnd || !square;
+}
+
+// Counts the tokens of a default and the length of their texts; ends on the last token that it looked at. Behind a
+// block it may look at more, and count again in a further one.
+void CVRMLIOManager::MeasureDefault(int& sum, int& count) {
   const bool opened = GetCurrentTokenBeginType();
   if (opened) CGenericParser::Tokenize();
   int depth = 1;
@@ -191,7 +265,7 @@ void CVRMLIOManager::MeasureBlock(bool fieldDefault, int& sum, int& count) {
       ++count;
       sum += std::min(GetCurrentToken().GetTokenLength(), std::numeric_limits<int>::max() - sum);
     }
-    if (!opened || depth <= 0) done = !fieldDefault || GetNextTokenEndsField();
+    if (!opened || depth <= 0) done = GetNextTokenEndsField();
     if (!done) {
       CGenericParser::Tokenize();
       done = GetCurrentTokenType() == VRMLTokenEndOfFile;
@@ -199,15 +273,15 @@ void CVRMLIOManager::MeasureBlock(bool fieldDefault, int& sum, int& count) {
   }
 }
 
-bool CVRMLIOManager::CaptureBlockText(char** text, int* length, bool fieldDefault) {
-  if (!text || !length) return false;
+// So many tokens from the beginning on, whichever were counted, as far as the space for these goes.
+bool CVRMLIOManager::CaptureDefault(char** text, int* length) {
   CGenericIOState start;
   SaveIOState(start);
   const bool square = GetCurrentTokenType() == VRMLTokenOpenBracket;
   const bool leavesBrace = GetCurrentTokenBeginType() && !square;
   int sum = square ? 2 : 0;
   int total = square ? 2 : 0;
-  MeasureBlock(fieldDefault, sum, total);
+  MeasureDefault(sum, total);
   const int captured = CapturedLength(sum, total);
   CBasicAllocatedText buffer = sum > 0 ? AllocateBlanks(captured) : nullptr;
   if (!buffer) return false;

@@ -10,15 +10,14 @@ using qelvrml::NodeReader;
 namespace {
 
 bool OpenGeometryScope(CVRMLParser& parser) {
-  CGenericIOState state;
-  parser.SaveIOState(state);
+  const qelvrml::ReadingMark start(parser);
   parser.Tokenize();
   bool opened = false;
   if (parser.GetIOManager()->GetCurrentToken().GetTokenLength() > 0) {
     parser.SetEntityName(CBasicString(NodeReader(parser).Text()));
     opened = qelvrml::OpenNodeScope(parser);
   }
-  parser.RestoreIOState(state);
+  start.GoBackTo(parser);
   return opened;
 }
 
@@ -38,8 +37,7 @@ bool CVRMLParser::ParseShape() {
   NodeReader reader(*this);
   reader.StepToOpenBrace();
   bool result = qelvrml::OpenNodeScope(*this);
-  CGenericIOState start;
-  SaveIOState(start);
+  const qelvrml::ReadingMark start(*this);
   reader.WhileInNode([&](VRMLTokenTypes keyword) {
     Tokenize();
     if (keyword == VRMLTokenAPPEARANCE || keyword == VRMLTokenTEXTURETRANSFORM) result = ParseBlock();

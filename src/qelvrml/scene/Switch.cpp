@@ -30,8 +30,7 @@ void ParseChosenChild(CVRMLParser& parser, int chosen) {
 }  // namespace
 
 bool CVRMLParser::ParseSwitch() {
-  CGenericIOState start;
-  SaveIOState(start);
+  const qelvrml::ReadingMark start(*this);
   NodeReader reader(*this);
   reader.StepToOpenBrace();
   int chosen = -1;
@@ -45,7 +44,7 @@ bool CVRMLParser::ParseSwitch() {
   }
   Tokenize();
   if (!reader.Is(VRMLTokenCHOICE)) {
-    RestoreIOState(start);
+    start.GoBackTo(*this);
     return qelvrml::AtOpenSeparatorLimit(*this) ? qelvrml::PassOverUnopened(*this) : ParseSeparator();
   }
   Tokenize();

@@ -6,10 +6,29 @@
 #include "qelvrml/foundation/CBasicListIterator.h"
 #include "qelvrml/foundation/Numbers.h"
 #include "qelvrml/parser/reading/NodeReader.h"
+#include "qelvrml/parser/reading/NumbersAhead.h"
+#include "qelvrml/platform/brix/ArrayWriter.h"
 
+using qelvrml::ArrayWriter;
 using qelvrml::NodeReader;
+using qelvrml::NumberCursor;
+using qelvrml::TakeAhead;
 
 namespace {
+
+bool TakeValue(NumberCursor& numbers, brixFloatPoint& point) { return numbers.TakeAll(point.x, point.y, point.z); }
+bool TakeValue(NumberCursor& numbers, brix2DFloatPoint& point) { return numbers.TakeAll(point.x, point.y); }
+bool TakeValue(NumberCursor& numbers, brixChroma& c) { return numbers.TakeAll(c.red, c.green, c.blue); }
+bool TakeValue(NumberCursor& numbers, double& value) { return numbers.Take(value); }
+
+// The same for values of a list, each of as many numbers as it has components.
+template <class Value>
+bool AppendAhead(CVRMLParser& parser, brixArray1D<Value>& list) {
+  return TakeAhead(parser, [&list](NumberCursor& numbers) {
+    ArrayWriter<Value> writer(list);
+    for (Value value; TakeValue(numbers, value);) writer.Add(value);
+  });
+}
 
 // Numbers one behind the other; ends on the last one, or on the token that isn't a number.
 bool ReadNumbers(CVRMLParser& parser, std::initializer_list<float*> values) {
@@ -33,36 +52,65 @@ bool ParsePoints(CVRMLParser& parser, Array& array, bool (CVRMLParser::*parseOne
   Array list;
   for (bool more = parser.Tokenize(); more && !parser.GetCurrentTokenEndType(); more = parser.Tokenize()) {
     Point point;
+    if (AppendAhead(parser, list)) continue;
     if ((parser.*parseOne)(point)) list.Append(point);
   }
+  list.Trim();
   const bool found = !list.IsEmpty();
   if (found) array = std::move(list);
   if (parser.GetCurrentTokenType() == VRMLTokenCloseBracket) parser.Tokenize();
   return found;
 }
 
-// Numbers up to the first token that isn't one: `takeIndex` for each index, `endRun` with a run's length at its end.
-template <class TakeIndex, class EndRun>
-bool ReadIndices(CVRMLParser& parser, TakeIndex takeIndex, EndRun endRun) {
-  constexpr double RunEnd = -1.0;
+constexpr int RunEnd = -1;
+
+// Numbers up to the first token that isn't one: `take` for each.
+template <class Take>
+void ReadIndices(CVRMLParser& parser, Take take) {
+  const auto takeAll = [&take](NumberCursor& numbers) {
+    for (int value = 0; numbers.Take(value);) take(value);
+  };
   NodeReader reader(parser);
   if (reader.Is(VRMLTokenOpenBracket)) parser.Tokenize();
-  bool found = false;
-  int length = 0;
   double value = 0.0;
   for (bool more = true; more && reader.TakeNumberHere(value); more = parser.Tokenize()) {
-    if (value != RunEnd) {
-      takeIndex(qelvrml::CutToInt(value));
-      ++length;
-      found = true;
-    } else if (length > 0) {
-      endRun(length);
-      length = 0;
+    if (!TakeAhead(parser, takeAll)) take(value);
+  }
+}
+
+constexpr bool EndsRun(int value) { return value == RunEnd; }
+constexpr bool EndsRun(double value) { return value == RunEnd; }
+
+// Indices as a run list, whose counts are known at the end of each run.
+class RunListWriter {
+public:
+  explicit RunListWriter(brixIntArray& list) : List(list) { List.Add(0); }
+  // A run without an index isn't one.
+  template <class Number>
+  void Take(Number value) {
+    if (!EndsRun(value)) {
+      List.Add(qelvrml::CutToInt(value));
+    } else if (RunLength() > 0) {
+      EndRun();
     }
   }
-  if (length > 0) endRun(length);
-  return found;
-}
+  // How many places the list has.
+  int Finish() {
+    if (RunLength() > 0) EndRun();
+    return static_cast<int>(CountPlace);
+  }
+
+private:
+  unsigned RunLength() const { return List.GetCount() - CountPlace - 1; }
+  void EndRun() {
+    List[CountPlace] = static_cast<int>(RunLength());
+    CountPlace = List.GetCount();
+    List.Add(0);
+  }
+
+  ArrayWriter<int> List;
+  unsigned CountPlace = 0;  // of the run at hand
+};
 
 }  // namespace
 
@@ -110,10 +158,11 @@ bool CVRMLParser::ParseFloatArray(brixDoubleArray& values) {
   } else {
     Tokenize();
     while (GetCurrentTokenType() != VRMLTokenCloseBracket) {
-      list.Append(valueHere());
+      if (!AppendAhead(*this, list)) list.Append(valueHere());
       if (!Tokenize()) break;
     }
   }
+  list.Trim();
   const bool found = !list.IsEmpty();
   if (found) values = std::move(list);
   return found;
@@ -128,7 +177,7 @@ bool CVRMLParser::ParseColorArray(brixChromaArray& colours) {
   } else {
     Tokenize();
     while (!atEnd() && GetCurrentTokenType() != VRMLTokenEndOfFile) {
-      if (ParseColor(colour)) list.Append(colour);
+      if (!AppendAhead(*this, list) && ParseColor(colour)) list.Append(colour);
       if (!atEnd()) Tokenize();
     }
   }
@@ -165,9 +214,21 @@ bool CVRMLParser::ParseRotationVectorArray(brixVectorArray& axes, brixDoubleArra
 }
 
 bool CVRMLParser::ParseIndexArray(CKelList& values, CKelList& counts) {
-  ReadIndices(
-      *this, [&values](int index) { values.AddTailValue(&index); },
-      [&counts](int length) { counts.AddTailValue(&length); });
+  int length = 0;
+  const auto endRun = [&] {
+    if (length > 0) counts.AddTailValue(&length);
+    length = 0;
+  };
+  ReadIndices(*this, [&](auto value) {
+    if (EndsRun(value)) {
+      endRun();
+      return;
+    }
+    int index = qelvrml::CutToInt(value);
+    values.AddTailValue(&index);
+    ++length;
+  });
+  endRun();
   return values.GetCount() > 0;
 }
 
@@ -196,22 +257,23 @@ bool CVRMLParser::MergeIndexLists(brixIntArray& out, CKelList& values, CKelList&
 // What ParseIndexArray and MergeIndexLists make together, without the lists between them.
 bool NodeReader::TakeRunList(brixIntArray& runs) {
   brixIntArray list;
-  unsigned place = 0;  // of the count of the run at hand
-  list.Append(0);
-  const auto endRun = [&](int length) {
-    list.Edit()[place] = length;
-    place = list.GetSize();
-    list.Append(0);
-  };
-  const bool found = ReadIndices(
-      Parser, [&list](int index) { list.Append(index); }, endRun);
-  if (found) list.Realloc(static_cast<int>(place), brixTrue);
+  int places = 0;
+  {
+    RunListWriter writer(list);
+    ReadIndices(Parser, [&writer](auto value) { writer.Take(value); });
+    places = writer.Finish();
+  }
+  const bool found = places > 0;
+  if (found) list.Realloc(places, brixTrue);
+  list.Trim();
   runs = std::move(list);
   return found;
 }
 
 bool NodeReader::TakeIndices(brixIntArray& indices) {
   indices = {};
-  return ReadIndices(
-      Parser, [&indices](int index) { indices.Append(index); }, [](int /*length*/) {});
+  ReadIndices(Parser, [&indices](auto value) {
+    if (!EndsRun(value)) indices.Append(qelvrml::CutToInt(value));
+  });
+  return !indices.IsEmpty();
 }

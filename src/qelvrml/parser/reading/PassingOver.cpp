@@ -57,11 +57,11 @@ bool PassOverUnopened(CVRMLParser& parser) {
   return false;
 }
 
-void GoBack(CVRMLParser& parser, const CGenericIOState& place) {
+void GoBack(CVRMLParser& parser, const ReadingMark& place) {
   CVRMLIOManager& tokens = *parser.GetIOManager();
   const bool passing = parser.GetSkippingBlock();  // what is passed over hasn't been read yet
   if (!passing) tokens.NoteHowFarWasRead();
-  parser.RestoreIOState(place);
+  place.GoBackTo(parser);
   if (!passing) PayForSteps(parser, tokens.GetBytesReadAhead() * StepsOfAnExpandedByte);
 }
 

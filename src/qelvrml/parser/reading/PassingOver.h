@@ -1,6 +1,7 @@
 #pragma once
 
 #include "qelvrml/parser/CVRMLParser.h"
+#include "qelvrml/parser/reading/ReadingMark.h"
 
 namespace qelvrml {
 
@@ -28,7 +29,7 @@ bool TryPassOverByParsing(CVRMLParser& parser);
 bool StepOverPassedStretch(CVRMLParser& parser, bool& result);
 
 /// Goes to another place of the reading; what was read already from there on is paid for once more.
-void GoBack(CVRMLParser& parser, const CGenericIOState& place);
+void GoBack(CVRMLParser& parser, const ReadingMark& place);
 
 /// Passes over a statement that the load can't pay for: goes behind all that was read already, or over the node. False.
 bool PassOverUnpaid(CVRMLParser& parser);

@@ -1,26 +1,23 @@
 #pragma once
 
 #include <cstddef>
-#include <cstring>
 #include <memory>
 #include <string_view>
 
 namespace qelvrml {
 
-/// The whole text of a file or a buffer in memory. A NUL stands behind it, which a scan may use as its end mark.
+/// The whole text of a file or a buffer in memory. NULs stand behind it, which a scan may use as its end mark; so many
+/// bytes may be looked at behind each of its own.
 class FileText {
 public:
+  static constexpr std::size_t Padding = 16;
+
   /// Room for `size` bytes, not yet filled.
-  explicit FileText(std::size_t size) : Bytes(new char[size + 1]), Size(size) { Bytes[size] = '\0'; }
-  explicit FileText(std::string_view text) : FileText(text.size()) {
-    if (!text.empty()) std::memcpy(Bytes.get(), text.data(), text.size());
-  }
+  explicit FileText(std::size_t size);
+  explicit FileText(std::string_view text);
 
   char* GetBytes() { return Bytes.get(); }
-  void Truncate(std::size_t size) {
-    Size = size;
-    Bytes[size] = '\0';
-  }
+  void Truncate(std::size_t size);
 
   const char* begin() const { return Bytes.get(); }
   const char* end() const { return Bytes.get() + Size; }
@@ -28,7 +25,7 @@ public:
 
 private:
   std::unique_ptr<char[]> Bytes;
-  std::size_t Size;
+  std::size_t Size = 0;
 };
 
 }  // namespace qelvrml

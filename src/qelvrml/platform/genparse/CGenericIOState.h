@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <memory>
 
 #include "qelvrml/foundation/CBasicString.h"
@@ -31,12 +32,17 @@ private:
 
   /// The whole state of reading tokens; cheap to copy, for the text is shared.
   struct ReadingState {
+    CGenericToken& Current() { return Tokens[CurrentPlace]; }
+    CGenericToken& Next() { return Tokens[1 - CurrentPlace]; }
+    const CGenericToken& Current() const { return Tokens[CurrentPlace]; }
+    const CGenericToken& Next() const { return Tokens[1 - CurrentPlace]; }
+
     std::shared_ptr<const qelvrml::TokenSource> Source;  ///< the text; null when nothing is being read
     std::shared_ptr<const CBasicString> Filename;
     const char* Position = nullptr;  ///< behind the next token
-    CGenericToken Current;
-    CGenericToken Next;
-    bool ScanFailed = false;  ///< the last scan for a block's end has come to the end of the input
+    std::array<CGenericToken, 2> Tokens;
+    unsigned CurrentPlace = 0;  ///< of the current token in these; a token stays where it was read to
+    bool ScanFailed = false;    ///< the last scan for a block's end has come to the end of the input
   };
 
   ReadingState Reading;

@@ -7,14 +7,13 @@
 #include "qelvrml/platform/fileint/FileText.h"
 #include "qelvrml/platform/genparse/Characters.h"
 #include "qelvrml/platform/genparse/KeywordIndex.h"
+#include "qelvrml/platform/genparse/NumberCursor.h"
 #include "qelvrml/platform/genparse/NumberText.h"
 #include "qelvrml/platform/genparse/TokenSource.h"
 
 namespace {
 
-using qelvrml::BufferCharacters;
 using qelvrml::CharacterClass;
-using qelvrml::FileCharacters;
 using qelvrml::FileText;
 using qelvrml::TokenSource;
 
@@ -27,6 +26,15 @@ CharacterClass ClassOf(const qelvrml::CharacterTable& table, const char* p) {
 bool EndsLine(char c) { return c == '\n' || c == '\r'; }
 
 const char* FindLineEnd(const char* p, const char* end) { return std::find_if(p, end, EndsLine); }
+
+// The text's end is white space like all that stands behind it.
+const char* SkipSpace(const char* p, const TokenSource& source) {
+  while (true) {
+    while (ClassOf(source.Classes, p) == CharacterClass::Space && p != source.End) ++p;
+    if (ClassOf(source.Classes, p) != CharacterClass::Comment) return p;
+    p = FindLineEnd(p, source.End);
+  }
+}
 
 GenericTokenTypes DelimiterType(char c) {
   switch (c) {
@@ -62,7 +70,13 @@ CGenericParser::CGenericParser() {
   EndInput();
 }
 
-const char* CGenericParser::GetEnd() const { return Reading.Source->Text->end(); }
+CGenericParser::CGenericParser(const ParserKeywordEntry* table, int rows,
+                               std::shared_ptr<const qelvrml::KeywordIndex> index)
+    : CGenericParser() {
+  KeywordTable = table;
+  KeywordTableSize = rows;
+  Keywords = std::move(index);
+}
 
 void CGenericParser::SetKeywordTable(const ParserKeywordEntry* table) {
   KeywordTable = table;
@@ -88,8 +102,8 @@ GenericLoadResultTypes CGenericParser::OpenAndInitialize() {
     CloseFile();
     return readFailed ? GenericLoadOpenFailed : GenericLoadHeaderFailed;
   }
-  Reading.Current = CGenericToken();
-  ReadToken(Reading.Next);
+  Reading.Current() = CGenericToken();
+  ReadToken(Reading.Next());
   return GenericLoadOK;
 }
 
@@ -101,7 +115,8 @@ void CGenericParser::CloseFile() {
 void CGenericParser::EndInput() {
   Reading.Source.reset();
   Reading.Position = nullptr;
-  Reading.Current = Reading.Next = EndToken();
+  ClearMilestone();
+  Reading.Current() = Reading.Next() = EndToken();
 }
 
 // The block that the file interface has read becomes the text to read from.
@@ -109,31 +124,34 @@ bool CGenericParser::AdoptBlock() {
   const std::shared_ptr<const FileText> block = FileInterface.GetBlock();
   if (!block) return false;
   if (Reading.Source && Reading.Source->Text == block) return true;
-  auto source = std::make_shared<TokenSource>();
-  source->Text = block;
-  Reading.Source = std::move(source);
+  Reading.Source = std::make_shared<TokenSource>(block);
   Reading.Position = block->begin();
+  ClearMilestone();
   return true;
 }
 
 bool CGenericParser::GetNextLineFromBuffer() {
-  if (!AdoptBlock() || Reading.Position == GetEnd()) return false;
+  if (!AdoptBlock() || Reading.Position == Reading.Source->End) return false;
   const char* begin = Reading.Position;
-  const auto left = static_cast<std::size_t>(GetEnd() - begin);
+  const char* last = Reading.Source->End;
+  const auto left = static_cast<std::size_t>(last - begin);
   if (begin == Reading.Source->Text->begin() && std::string_view(begin, left).starts_with(ByteOrderMark)) {
     begin += ByteOrderMark.size();
   }
-  const char* end = FindLineEnd(begin, GetEnd());
+  const char* end = FindLineEnd(begin, last);
   InputString.assign(begin, end);
-  if (end != GetEnd() && *end == '\r' && end[1] == '\n') ++end;
-  Reading.Position = end == GetEnd() ? end : end + 1;
+  if (end != last && *end == '\r' && end[1] == '\n') ++end;
+  Reading.Position = end == last ? end : end + 1;
   return true;
 }
 
 bool CGenericParser::Tokenize() {
-  Reading.Current = Reading.Next;
-  if (Reading.Current.DataType == GenericTokenEndOfFile) return false;
-  ReadToken(Reading.Next);
+  Reading.CurrentPlace = 1 - Reading.CurrentPlace;
+  if (Reading.Current().DataType == GenericTokenEndOfFile) {
+    Reading.Next() = Reading.Current();
+    return false;
+  }
+  ReadToken(Reading.Next());
   return true;
 }
 
@@ -147,71 +165,63 @@ char* CGenericParser::GetNextTokenString() {
   return NextText.data();
 }
 
-const char* CGenericParser::SkipSpace(const char* p) const {
-  const auto& classes = Reading.Source->IsBuffer ? BufferCharacters : FileCharacters;
-  const char* end = GetEnd();
-  for (; p != end; ++p) {
-    const CharacterClass kind = ClassOf(classes, p);
-    if (kind == CharacterClass::Comment) {
-      p = FindLineEnd(p, end);
-      if (p == end) break;
-    } else if (kind != CharacterClass::Space) {
-      break;
-    }
-  }
-  return p;
-}
-
 void CGenericParser::ReadToken(CGenericToken& token) {
   if (!Reading.Source) {
     token = EndToken();
     return;
   }
+  const TokenSource& source = *Reading.Source;
+  const char* p = SkipSpace(Reading.Position, source);
   Reading.ScanFailed = false;
-  Reading.Position = SkipSpace(Reading.Position);
+  Reading.Position = p;
   token = CGenericToken();
-  token.Begin = token.Raw = Reading.Position;
-  if (Reading.Position == GetEnd()) {
-    token.DataType = GenericTokenEndOfFile;
-    return;
-  }
-  switch (ClassOf(FileCharacters, Reading.Position)) {
+  token.Begin = p;
+  switch (ClassOf(source.Classes, p)) {
     case CharacterClass::Delimiter:
       token.DataType = DelimiterType(*Reading.Position++);
-      token.RawLength = token.TextLength = 1;
+      token.RawLength = 1;
       break;
     case CharacterClass::Quote: ReadQuoted(token); break;
-    default: ReadWord(token); break;
+    case CharacterClass::Word: ReadWord(token); break;
+    default: token.DataType = GenericTokenEndOfFile; break;
   }
 }
 
 void CGenericParser::ReadQuoted(CGenericToken& token) {
-  const char* end = GetEnd();
-  const char* p = Reading.Position + 1;
-  token.Raw = p;
-  std::size_t escapes = 0;
+  const char* end = Reading.Source->End;
+  const char* begin = Reading.Position + 1;
+  const char* p = begin;
+  token.Encoding = CGenericToken::Encodings::Quoted;
   for (; p != end && *p != '"'; ++p) {
-    if (*p == '\\' && (p[1] == '"' || p[1] == '\\')) ++p, ++escapes;
+    if (*p != '\\' || (p[1] != '"' && p[1] != '\\')) continue;
+    token.Encoding = CGenericToken::Encodings::Escaped;
+    ++p;
   }
   token.DataType = GenericTokenString;
-  token.RawLength = static_cast<std::size_t>(p - token.Raw);
-  token.TextLength = token.RawLength - escapes;
-  if (escapes > 0) token.Encoding = CGenericToken::Encodings::Escaped;
+  token.RawLength = static_cast<std::size_t>(p - begin);
   Reading.Position = p == end ? p : p + 1;
 }
 
 void CGenericParser::ReadWord(CGenericToken& token) {
-  // The NUL behind the text is white space and so ends a word.
-  const auto& classes = Reading.Source->IsBuffer ? BufferCharacters : FileCharacters;
-  const char* p = Reading.Position;
-  while (ClassOf(classes, p) == CharacterClass::Word) ++p;
-  token.RawLength = token.TextLength = static_cast<std::size_t>(p - token.Raw);
-  Reading.Position = p;
-  ClassifyWord(token);
+  const auto& classes = Reading.Source->Classes;
+  const char* end = *token.Begin < 'A' ? qelvrml::ReadPlainNumber(token.Begin, token.NumericValue) : nullptr;
+  const bool isNumber = end && ClassOf(classes, end) != CharacterClass::Word;
+  if (!isNumber) {
+    // The NUL behind the text is white space and so ends a word.
+    for (end = token.Begin + 1; ClassOf(classes, end) == CharacterClass::Word;) ++end;
+  }
+  token.RawLength = static_cast<std::size_t>(end - token.Begin);
+  Reading.Position = end;
+  if (isNumber) {
+    token.DataType = GenericTokenNumber;
+  } else {
+    token.NumericValue = 0.0;
+    ClassifyWord(token);
+  }
 }
 
 void CGenericParser::ClassifyWord(CGenericToken& token) const {
-  const std::string_view word(token.Raw, token.RawLength);
+  const std::string_view word(token.Begin, token.RawLength);
   const auto shifted = [](char c) { return qelvrml::IsShiftCode(static_cast<unsigned char>(c)); };
   if (Reading.Source->IsBuffer && std::any_of(word.begin(), word.end(), shifted)) {
     token.DataType = GenericTokenString;
@@ -229,6 +239,10 @@ void CGenericParser::ClassifyWord(CGenericToken& token) const {
   }
 }
 
+std::size_t CGenericParser::GetBytesLeft() const {
+  return Reading.Source ? static_cast<std::size_t>(Reading.Source->End - Reading.Position) : 0;
+}
+
 int CGenericParser::GetCurrentFileOffset() const {
   if (!Reading.Source) return 0;
   if (Reading.Source->IsBuffer) return Saturate(Reading.Source->OffsetBelow);
@@ -240,6 +254,23 @@ int CGenericParser::GetTotalFileSize() const {
   return Saturate(Reading.Source->IsBuffer ? Reading.Source->SizeBelow : Reading.Source->Text->GetSize());
 }
 
+void CGenericParser::SetMilestone(int offset) {
+  if (!Reading.Source) return;
+  const bool reached = offset >= 0 && !Reading.Source->IsBuffer;
+  Milestone = reached ? Reading.Source->Text->begin() + offset : Reading.Source->End + 1;
+}
+
+qelvrml::NumberCursor CGenericParser::GetNumbersAhead(bool toEnd) const {
+  const char* end = Reading.Source->End;
+  return {Reading.Source->Classes, Reading.Current().Begin, toEnd ? end : std::min(Milestone, end)};
+}
+
+void CGenericParser::GoToToken(const char* place) {
+  Reading.Position = place;
+  ReadToken(Reading.Current());
+  ReadToken(Reading.Next());
+}
+
 bool CGenericParser::SaveIOState(CGenericIOState& state) const {
   state.Reading = Reading;
   return Reading.Source != nullptr;
@@ -247,18 +278,19 @@ bool CGenericParser::SaveIOState(CGenericIOState& state) const {
 
 bool CGenericParser::RestoreIOState(const CGenericIOState& state) {
   if (!state.Reading.Source) return false;
+  if (state.Reading.Source != Reading.Source) ClearMilestone();
   Reading = state.Reading;
   return true;
 }
 
 bool CGenericParser::StartBufferReading(const char* text, int length) {
   if (!text || length < 0) return false;
-  auto source = std::make_shared<TokenSource>();
-  source->Text = std::make_shared<const FileText>(std::string_view(text, static_cast<std::size_t>(length)));
-  source->IsBuffer = true;
+  auto block = std::make_shared<const FileText>(std::string_view(text, static_cast<std::size_t>(length)));
+  auto source = std::make_shared<TokenSource>(std::move(block), true);
   source->OffsetBelow = static_cast<std::size_t>(GetCurrentFileOffset());
   source->SizeBelow = static_cast<std::size_t>(GetTotalFileSize());
   Reading.Source = std::move(source);
+  ClearMilestone();
   return SetToStartOfBuffer();
 }
 
@@ -271,7 +303,7 @@ bool CGenericParser::StopBufferReading() {
 bool CGenericParser::SetToStartOfBuffer() {
   if (!Reading.Source || !Reading.Source->IsBuffer) return false;
   Reading.Position = Reading.Source->Text->begin();
-  ReadToken(Reading.Current);
-  ReadToken(Reading.Next);
+  ReadToken(Reading.Current());
+  ReadToken(Reading.Next());
   return true;
 }

@@ -15,6 +15,7 @@
 
 namespace qelvrml {
 class KeywordIndex;
+class NumberCursor;
 struct ReadingPlace;
 }  // namespace qelvrml
 
@@ -54,20 +55,21 @@ public:
   /// the input, and stays there.
   bool Tokenize();
 
-  CGenericToken& GetCurrentToken() { return Reading.Current; }
-  CGenericToken& GetNextToken() { return Reading.Next; }
-  const CGenericToken& GetCurrentToken() const { return Reading.Current; }
-  const CGenericToken& GetNextToken() const { return Reading.Next; }
+  /// Good until the next token is read.
+  CGenericToken& GetCurrentToken() { return Reading.Current(); }
+  CGenericToken& GetNextToken() { return Reading.Next(); }
+  const CGenericToken& GetCurrentToken() const { return Reading.Current(); }
+  const CGenericToken& GetNextToken() const { return Reading.Next(); }
   /// Text with a NUL behind it; that of a quoted string stands without its quotes. Valid until the next call.
   char* GetCurrentTokenString();
   char* GetNextTokenString();
   /// The same text without a copy, valid until the token changes.
-  std::string_view GetCurrentTokenText() { return Reading.Current.GetText(CurrentText); }
-  std::string_view GetNextTokenText() { return Reading.Next.GetText(NextText); }
-  double GetCurrentTokenNumericValue() const { return Reading.Current.GetNumericValue(); }
-  double GetNextTokenNumericValue() const { return Reading.Next.GetNumericValue(); }
-  bool GetCurrentTokenBooleanValue() const { return Reading.Current.GetBooleanValue(); }
-  bool GetNextTokenBooleanValue() const { return Reading.Next.GetBooleanValue(); }
+  std::string_view GetCurrentTokenText() { return Reading.Current().GetText(CurrentText); }
+  std::string_view GetNextTokenText() { return Reading.Next().GetText(NextText); }
+  double GetCurrentTokenNumericValue() const { return Reading.Current().GetNumericValue(); }
+  double GetNextTokenNumericValue() const { return Reading.Next().GetNumericValue(); }
+  bool GetCurrentTokenBooleanValue() const { return Reading.Current().GetBooleanValue(); }
+  bool GetNextTokenBooleanValue() const { return Reading.Next().GetBooleanValue(); }
 
   /// Scans on from behind the next token to a delimiter of either class and stores its class in `found`. Quoted strings
   /// and comments are stepped over. False at the end of the input, where the position then stays.
@@ -84,7 +86,25 @@ public:
   /// If a stretch from the current token on was passed over in that pass, goes to its end and gives its result.
   bool StepOverStretch(std::uint64_t pass, bool& result);
   /// Where the current token begins; to be handed to RememberStretch.
-  const char* GetCurrentPlace() const { return Reading.Current.Begin; }
+  const char* GetCurrentPlace() const { return Reading.Current().Begin; }
+
+  /// The numbers of a list from the current token on, as far as they end ahead of the milestone, or with `toEnd` of the
+  /// end of the text. Nothing moves here: GoToToken does, to the last one that was taken.
+  qelvrml::NumberCursor GetNumbersAhead(bool toEnd) const;
+  /// Makes the token that begins at a place of the text the current one.
+  void GoToToken(const char* place);
+
+  /// Whether the reading position is at the milestone or behind it. There is none, and this is true, from any change of
+  /// the text on.
+  bool IsBehindMilestone() const { return !Milestone || Reading.Position >= Milestone; }
+  /// Sets the milestone at an offset of the file, or for a negative one where no reading comes to.
+  void SetMilestone(int offset);
+  void ClearMilestone() { Milestone = nullptr; }
+
+  /// The place of the reading.
+  qelvrml::ReadingPlace GetPlace() const;
+  /// Reads on from a place. False, and nothing moves, for one of another text than the one that is being read.
+  bool GoTo(const qelvrml::ReadingPlace& place);
 
   /// To be called before a snapshot is restored that goes back in the text: what lies ahead of the furthest place of
   /// such calls is being read again from then on.
@@ -94,6 +114,9 @@ public:
   std::size_t GetBytesReadAhead() const;
   /// Goes on to the furthest place; nothing moves behind it.
   void GoBehindWhatWasRead();
+
+  /// Of the text, those behind the next token.
+  std::size_t GetBytesLeft() const;
 
   /// Reading position and size of the file in bytes, also while a buffer is read; they saturate at the largest int.
   int GetCurrentFileOffset() const;
@@ -123,25 +146,26 @@ public:
   void SetInputStringValue(const char* text) { InputString = text ? text : ""; }
 
 protected:
+  /// The same as a parser that SetKeywordTable and SetKeywordTableSize have been called for, with an index of the
+  /// table.
+  CGenericParser(const ParserKeywordEntry* table, int rows, std::shared_ptr<const qelvrml::KeywordIndex> index);
   /// The check of the file's header, to be made with the operations on lines; false refuses the file.
   virtual bool ReadFileHeader() { return true; }
 
 private:
-  void GoTo(const qelvrml::ReadingPlace& place);
   bool AdoptBlock();
   void EndInput();
   void ReadToken(CGenericToken& token);
   void ReadQuoted(CGenericToken& token);
   void ReadWord(CGenericToken& token);
   void ClassifyWord(CGenericToken& token) const;
-  const char* SkipSpace(const char* p) const;
-  const char* GetEnd() const;
 
   const ParserKeywordEntry* KeywordTable = nullptr;
   int KeywordTableSize = 0;
   std::shared_ptr<const qelvrml::KeywordIndex> Keywords;
   CKelFileInterface FileInterface;
   CGenericIOState::ReadingState Reading;
+  const char* Milestone = nullptr;  ///< in the text of the reading
   std::string InputString;
   std::string CurrentText;  ///< what the last request for a token's text was answered from
   std::string NextText;

@@ -5,25 +5,39 @@
 
 #include "qelvrml/platform/genparse/Characters.h"
 
+namespace {
+
+// Whether a backslash there stands for the character behind it.
+bool IsEscape(std::string_view raw, std::size_t i) {
+  return raw[i] == '\\' && i + 1 < raw.size() && (raw[i + 1] == '"' || raw[i + 1] == '\\');
+}
+
+}  // namespace
+
 int CGenericToken::GetTokenLength() const {
-  return static_cast<int>(std::min<std::size_t>(TextLength, std::numeric_limits<int>::max()));
+  const std::string_view raw = GetRawText();
+  std::size_t length = raw.size();
+  if (Encoding == Encodings::Escaped) {
+    for (std::size_t i = 0; i < raw.size(); ++i) {
+      if (IsEscape(raw, i)) --length, ++i;
+    }
+  }
+  return static_cast<int>(std::min<std::size_t>(length, std::numeric_limits<int>::max()));
 }
 
 std::string_view CGenericToken::GetText(std::string& scratch) const {
-  const std::string_view raw(Raw, RawLength);
-  if (Encoding == Encodings::Plain) return raw;
+  const std::string_view raw = GetRawText();
+  if (Encoding == Encodings::Plain || Encoding == Encodings::Quoted) return raw;
 
   scratch.clear();
   for (std::size_t i = 0; i < raw.size(); ++i) {
     const char c = raw[i];
     if (Encoding == Encodings::Shifted) {
-      scratch += qelvrml::IsShiftCode(static_cast<unsigned char>(c))
-                     ? qelvrml::FromShiftCode(static_cast<unsigned char>(c))
-                     : c;
-      continue;
+      const auto code = static_cast<unsigned char>(c);
+      scratch += qelvrml::IsShiftCode(code) ? qelvrml::FromShiftCode(code) : c;
+    } else {
+      scratch += IsEscape(raw, i) ? raw[++i] : c;
     }
-    const bool escape = c == '\\' && i + 1 < raw.size() && (raw[i + 1] == '"' || raw[i + 1] == '\\');
-    scratch += escape ? raw[++i] : c;
   }
   return scratch;
 }

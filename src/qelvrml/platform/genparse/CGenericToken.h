@@ -29,17 +29,20 @@ private:
   /// How the text stands in the input.
   enum class Encodings : unsigned char {
     Plain,
-    Escaped,  ///< a quoted string with backslashes in it
+    Quoted,   ///< behind a quote
+    Escaped,  ///< behind a quote, with backslashes in it
     Shifted,  ///< a word of a buffer with shift codes in it
   };
+  bool IsQuoted() const { return Encoding == Encodings::Quoted || Encoding == Encodings::Escaped; }
 
   /// The text as a token gives it; what isn't plain is decoded into `scratch`.
   std::string_view GetText(std::string& scratch) const;
 
+  /// The text as it stands in the input, without quotes.
+  std::string_view GetRawText() const { return {Begin + (IsQuoted() ? 1 : 0), RawLength}; }
+
   const char* Begin = nullptr;  ///< first character of the token, the opening quote included
-  const char* Raw = nullptr;    ///< first character of the text
   std::size_t RawLength = 0;
-  std::size_t TextLength = 0;
   double NumericValue = 0.0;
   GenericTokenTypes DataType = GenericTokenOther;
   unsigned int UserDefinedType = 0;

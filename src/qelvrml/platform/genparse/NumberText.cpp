@@ -1,23 +1,20 @@
 #include "qelvrml/platform/genparse/NumberText.h"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
 #include <cmath>
 #include <cstdint>
 #include <limits>
 #include <system_error>
 
+#include "qelvrml/platform/genparse/PlainNumber.h"
+
 namespace qelvrml {
 namespace {
 
 constexpr double Largest = std::numeric_limits<double>::max();
-constexpr int MantissaDigits = 19;                                // what 64 bits always hold
-constexpr std::uint64_t ExactMantissa = std::uint64_t{1} << 53U;  // integers up to this are exact in a double
+constexpr int MantissaDigits = 19;  // what 64 bits always hold
 constexpr std::int64_t ExponentBound = 1'000'000'000'000'000;
-
-constexpr std::array<double, 23> PowersOfTen = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
-                                                1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
 
 constexpr bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 

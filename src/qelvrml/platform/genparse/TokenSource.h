@@ -1,17 +1,21 @@
 #pragma once
 
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <unordered_map>
+#include <utility>
 
 #include "qelvrml/platform/fileint/FileText.h"
 #include "qelvrml/platform/genparse/CGenericToken.h"
+#include "qelvrml/platform/genparse/Characters.h"
 
 namespace qelvrml {
 
 /// A place of a reading.
 struct ReadingPlace {
+  std::uint64_t Text = 0;          ///< number of the text; 0 for none
   const char* Position = nullptr;  ///< behind the next token
   CGenericToken Current;
   CGenericToken Next;
@@ -25,10 +29,19 @@ struct PassedStretch {
 
 /// A text that tokens are read from, with what has been found out about it. Shared by all snapshots of its reading.
 struct TokenSource {
-  std::shared_ptr<const FileText> Text;
-  bool IsBuffer = false;
-  std::size_t OffsetBelow = 0;  ///< of a buffer: the reading position in the file below it
-  std::size_t SizeBelow = 0;    ///< of a buffer: the size of that file
+  explicit TokenSource(std::shared_ptr<const FileText> text, bool isBuffer = false)
+      : Text(std::move(text)),
+        End(Text->end()),
+        IsBuffer(isBuffer),
+        Classes(isBuffer ? BufferCharacters : FileCharacters) {}
+
+  const std::shared_ptr<const FileText> Text;
+  const char* const End;  ///< of the text
+  const bool IsBuffer;
+  const CharacterTable& Classes;
+  const std::uint64_t Number = NextNumber();  ///< no other text of the process has it
+  std::size_t OffsetBelow = 0;                ///< of a buffer: the reading position in the file below it
+  std::size_t SizeBelow = 0;                  ///< of a buffer: the size of that file
 
   /// Behind which character the block ends that opens at a character; only for longer blocks.
   mutable std::unordered_map<const char*, const char*> BlockEnds;
@@ -44,6 +57,11 @@ struct TokenSource {
   }
 
 private:
+  static std::uint64_t NextNumber() {
+    static std::atomic<std::uint64_t> last = 0;
+    return ++last;
+  }
+
   mutable std::unordered_map<const char*, PassedStretch> PassedStretches;
   mutable std::uint64_t PassOfStretches = 0;
 };
