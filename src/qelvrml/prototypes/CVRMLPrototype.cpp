@@ -5,10 +5,9 @@
 #include <limits>
 #include <new>
 #include <string_view>
-#include <unordered_map>
-#include <unordered_set>
 
 #include "qelvrml/parser/CVRMLIOManager.h"
+#include "qelvrml/prototypes/FieldIndex.h"
 #include "qelvrml/prototypes/InstanceMerge.h"
 
 namespace {
@@ -115,21 +114,18 @@ bool CVRMLPrototype::CreateInstanceText(const char* text, int length, char** res
 bool CVRMLPrototype::ParseInstanceFields(const char* text, int length, CKelList& list) {
   CVRMLIOManager tokens;
   if (!tokens.StartBufferReading(text, length)) return false;
-  std::unordered_map<std::u16string_view, CVRMLPrototypeField*> byName;
-  for (CBasicListElement* element = Fields.GoToFirst(); element; element = element->Next) {
-    byName.emplace(FieldOf(element)->GetName().GetView(), FieldOf(element));
-  }
+  qelvrml::FieldIndex fields(Fields);
   if (tokens.GetCurrentTokenBeginType()) tokens.Tokenize();
   while (tokens.GetCurrentTokenType() != VRMLTokenEndOfFile) {
     const CBasicString name(tokens.GetCurrentTokenText());
     tokens.Tokenize();
-    const auto field = byName.find(name.GetView());
-    if (field == byName.end()) continue;
+    const CVRMLPrototypeField* field = fields.Find(name.GetView());
+    if (!field) continue;
     char* value = nullptr;
     int valueLength = 0;
-    tokens.CaptureFieldText(&value, &valueLength, field->second->GetType(), this);
+    tokens.CaptureFieldText(&value, &valueLength, field->GetType(), this);
     CBasicAllocatedText owned(value);
-    std::unique_ptr<CVRMLPrototypeField> given(CreateField(name, field->second->GetType(), value, valueLength));
+    std::unique_ptr<CVRMLPrototypeField> given(CreateField(name, field->GetType(), value, valueLength));
     if (!given) continue;
     owned.release();
     if (list.AddTail(given.get())) given.release();
@@ -139,13 +135,10 @@ bool CVRMLPrototype::ParseInstanceFields(const char* text, int length, CKelList&
 }
 
 void CVRMLPrototype::MarkOverriddenFields(CKelList& list) {
-  std::unordered_set<std::u16string_view> given;
-  for (CBasicListElement* element = list.GoToFirst(); element; element = element->Next) {
-    given.insert(FieldOf(element)->GetName().GetView());
-  }
-  for (CBasicListElement* element = Fields.GoToFirst(); element; element = element->Next) {
-    FieldOf(element)->SetUsed(given.count(FieldOf(element)->GetName().GetView()) > 0);
-  }
+  qelvrml::FieldIndex given(list);
+  qelvrml::ForEachField(Fields, [&given](CVRMLPrototypeField& field) {
+    field.SetUsed(given.Find(field.GetName().GetView()) != nullptr);
+  });
 }
 
 void CVRMLPrototype::AddUnusedFields(CKelList& list, int* sum, int* count, int total, char** out) {

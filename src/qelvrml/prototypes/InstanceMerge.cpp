@@ -4,16 +4,10 @@
 
 #include "qelvrml/parser/CVRMLIOManager.h"
 #include "qelvrml/platform/genparse/Characters.h"
+#include "qelvrml/prototypes/FieldIndex.h"
 
 namespace qelvrml {
 namespace {
-
-template <class Visit>
-void ForEachField(CKelList& list, Visit visit) {
-  for (CBasicListElement* element = list.GoToFirst(); element; element = element->Next) {
-    visit(*static_cast<CVRMLPrototypeField*>(element->Data));
-  }
-}
 
 // Writes pieces one behind the other with single blanks between them.
 class PieceWriter {
@@ -55,26 +49,21 @@ BodyTemplate::BodyTemplate(const char* text, int length) {
 InstanceMerge::InstanceMerge(CVRMLPrototype& prototype, const char* text, int length) : Prototype(prototype) {
   if (text) Prototype.ParseInstanceFields(text, length, Values);
   Prototype.MarkOverriddenFields(Values);
-  // What the instance gives comes first, and the first of several fields of a name counts.
-  const auto enter = [this](CVRMLPrototypeField& field) { ByName.emplace(field.GetName().GetView(), &field); };
-  ForEachField(Values, enter);
-  ForEachField(Prototype.GetFields(), enter);
   Measure();
 }
 
-CVRMLPrototypeField* InstanceMerge::Find(const CBasicString& name) {
-  const auto found = ByName.find(name.GetView());
-  return found == ByName.end() ? nullptr : found->second;
-}
-
 void InstanceMerge::Measure() {
+  FieldIndex given(Values);
+  FieldIndex defaults(Prototype.GetFields());
   for (const BodyTemplate::Piece& piece : Prototype.GetBodyTemplate().GetPieces()) {
     if (piece.TokenCount > 0) {
       Length += piece.Text.size();
       ++PieceCount;
     }
     if (!piece.HasReference) continue;
-    CVRMLPrototypeField* field = Find(piece.Field);
+    // What the instance gives comes first.
+    CVRMLPrototypeField* field = given.Find(piece.Field.GetView());
+    if (!field) field = defaults.Find(piece.Field.GetView());
     References.push_back(field);
     if (!field) continue;
     field->SetUsed(true);

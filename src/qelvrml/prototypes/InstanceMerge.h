@@ -3,7 +3,6 @@
 #include <cstdint>
 #include <span>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 #include "qelvrml/foundation/CBasicString.h"
@@ -56,13 +55,11 @@ private:
     ~OwnedFields() override { CBasicList::RemoveAllValues(); }
   };
 
-  CVRMLPrototypeField* Find(const CBasicString& name);
   void Measure();
   void MeasureUnused(CKelList& list);
 
   CVRMLPrototype& Prototype;
-  OwnedFields Values;  ///< what the instance gives
-  std::unordered_map<std::u16string_view, CVRMLPrototypeField*> ByName;
+  OwnedFields Values;                                  ///< what the instance gives
   std::vector<const CVRMLPrototypeField*> References;  ///< the field in each reference's place, null for none
   std::uint64_t Length = 0;                            ///< of all pieces without the blanks between them
   std::uint64_t PieceCount = 0;
