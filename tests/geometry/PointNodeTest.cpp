@@ -94,6 +94,41 @@ TEST(ElevationGrid, DimensionsAgainstHeights) {
       << "no spacing";
 }
 
+// Heights that stand behind the dimensions become points while they are read, those ahead of them are kept first.
+TEST(ElevationGrid, TheOrderOfItsFieldsIsNothing) {
+  struct Case {
+    int Columns;
+    int Rows;
+    int Heights;
+    const char* Behind = "";
+  };
+  for (const auto& [columns, rows, count, behind] :
+       {Case{3, 4, 12}, Case{3, 4, 5}, Case{3, 4, 30}, Case{1, 40, 40}, Case{17, 33, 561}, Case{5, 50, 247},
+        Case{16'390, 3, 49'170}, Case{16'384, 2, 20'000}, Case{3, 4, 12, "solid FALSE "}, Case{3, 4, 12, "zSpacing 7 "},
+        Case{3, 4, 12, "xDimension 2 "}, Case{3, 4, 12, "xDimension 0 "}, Case{3, 4, 12, "xDimension 3.5 "}}) {
+    std::string heights = "height [ ";
+    for (int i = 0; i < count; ++i) heights += i % 7 == 3 ? "word " : std::to_string(i * 37 % 1000) + ".5, ";
+    heights += "] ";
+    const std::string shape =
+        "xDimension " + std::to_string(columns) + " xSpacing 0.5 zSpacing 3 zDimension " + std::to_string(rows) + ' ';
+    for (const std::string more : {"", "height [ ] ", "height [ 7 8 9 ] ", "height 5 "}) {
+      for (const std::string name : {"", "DEF g "}) {
+        const auto scene = [&](const std::string& fields) {
+          return Load20("Transform { rotation 1 2 3 0.5 scale 2 3 4 translation 1 2 3 children " + name +
+                        "ElevationGrid { " + fields + "} } USE g Box { }");
+        };
+        const Model piecewise = scene(heights + more + shape + behind);
+        const Model atOnce = scene(shape + heights + more + behind);
+        ASSERT_EQ(atOnce.Classes(), piecewise.Classes()) << behind << more << name;
+        for (std::size_t i = 0; i < atOnce.Size(); ++i) {
+          ASSERT_TRUE(atOnce.Points(i) == piecewise.Points(i)) << shape << behind << more << name << i;
+          EXPECT_EQ(atOnce.Triangles(i), piecewise.Triangles(i));
+        }
+      }
+    }
+  }
+}
+
 // A nested node's } ends the grid, and what follows belongs to the enclosing node.
 TEST(ElevationGrid, NestedNodesEndIt) {
   const std::string fields = "xDimension 2 zDimension 2 xSpacing 1 zSpacing 1 ";

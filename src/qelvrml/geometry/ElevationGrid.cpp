@@ -10,8 +10,7 @@
 
 #include "qelvrml/dictionary/CVRMLDictionaryGeometry.h"
 #include "qelvrml/dictionary/Recording.h"
-#include "qelvrml/foundation/Numbers.h"
-#include "qelvrml/parser/Limits.h"
+#include "qelvrml/geometry/GridReader.h"
 #include "qelvrml/parser/load/Budget.h"
 #include "qelvrml/parser/reading/NodeReader.h"
 #include "qelvrml/platform/brixex/shapes/CKelPolyMesh.h"
@@ -19,21 +18,25 @@
 
 namespace {
 
-using qelvrml::IsNearZero;
+using qelvrml::GridShape;
 using qelvrml::NodeReader;
 
-template <class PointAt>
-bool AddMesh(CVRMLParser& parser, int columns, int rows, PointAt pointAt) {
+bool PlaceMesh(CVRMLParser& parser, const GridShape& shape, const brixFloatPointArray& points) {
   std::unique_ptr<CKelPolyMesh> mesh(new (std::nothrow) CKelPolyMesh);
   if (!mesh) return false;
-  brixFloatPointArray points(columns * rows);
+  mesh->SetPoints(points, shape.GetColumns(), shape.GetRows(), false, false);
+  return parser.AddObjectToSeparator(mesh.release());
+}
+
+template <class PointAt>
+bool AddMesh(CVRMLParser& parser, const GridShape& shape, PointAt pointAt) {
+  brixFloatPointArray points(static_cast<int>(shape.GetPointCount()));
   auto place = points.Edit().begin();
-  for (int i = 0; i < columns; ++i) {
-    for (int j = 0; j < rows; ++j) *place++ = pointAt(i, j);
+  for (int i = 0; i < shape.GetColumns(); ++i) {
+    for (int j = 0; j < shape.GetRows(); ++j) *place++ = pointAt(i, j);
   }
   parser.GetCurrentSeparator()->TransformPoints(points);
-  mesh->SetPoints(points, columns, rows, false, false);
-  return parser.AddObjectToSeparator(mesh.release());
+  return PlaceMesh(parser, shape, points);
 }
 
 template <class PointAt>
@@ -52,6 +55,7 @@ bool AddLines(CVRMLParser& parser, int columns, int rows, PointAt pointAt) {
   for (int j = 0; j < rows; ++j) addLine(columns, [&](int i) { return pointAt(i, j); });
   return result;
 }
+
 }  // namespace
 
 bool CVRMLParser::ParseElevationGrid() {
@@ -59,27 +63,27 @@ bool CVRMLParser::ParseElevationGrid() {
 
   bool solid = true;
   brixDoubleArray heights;
-  double xDimension = 0.0;
-  double xSpacing = 0.0;
-  double zDimension = 0.0;
-  double zSpacing = 0.0;
+  GridShape shape;
+  qelvrml::GridReader grid(*this);
   NodeReader reader(*this);
   reader.StepOver({VRMLTokenOpenBrace, VRMLTokenELEVATIONGRID});
   reader.WhileInNode([&](VRMLTokenTypes keyword) {
     switch (keyword) {
       case VRMLTokenHEIGHT:
         Tokenize();
-        ParseFloatArray(heights);
+        if (!grid.ReadHeights(shape) && ParseFloatArray(heights)) grid.Drop();
         break;
       case VRMLTokenSOLID: reader.TakeBoolean(solid); break;
-      case VRMLTokenXDIMENSION: reader.TakeNumber(xDimension); break;
-      case VRMLTokenXSPACING: reader.TakeNumber(xSpacing); break;
-      case VRMLTokenZDIMENSION: reader.TakeNumber(zDimension); break;
-      case VRMLTokenZSPACING: reader.TakeNumber(zSpacing); break;
+      case VRMLTokenXDIMENSION: reader.TakeNumber(shape.XDimension); break;
+      case VRMLTokenXSPACING: reader.TakeNumber(shape.XSpacing); break;
+      case VRMLTokenZDIMENSION: reader.TakeNumber(shape.ZDimension); break;
+      case VRMLTokenZSPACING: reader.TakeNumber(shape.ZSpacing); break;
       default: Tokenize(); break;
     }
   });
-  return DefineElevationGrid(solid, heights, xDimension, xSpacing, zDimension, zSpacing);
+  if (grid.HasPoints() && solid && shape == grid.GetShape()) return PlaceMesh(*this, shape, grid.GetPoints());
+  if (grid.HasPoints()) grid.ReadHeightsAgain(heights);
+  return DefineElevationGrid(solid, heights, shape.XDimension, shape.XSpacing, shape.ZDimension, shape.ZSpacing);
 }
 
 brixFloatPoint CVRMLParser::GetElevationGridPoint(double i, double j, const brixDoubleArray& heights, double xDimension,
@@ -93,22 +97,20 @@ brixFloatPoint CVRMLParser::GetElevationGridPoint(double i, double j, const brix
 bool CVRMLParser::DefineElevationGrid(bool solid, const brixDoubleArray& heights, double xDimension, double xSpacing,
                                       double zDimension, double zSpacing) {
   if (!CurrentSeparator || heights.IsEmpty()) return false;
-  if (IsNearZero(xDimension) || IsNearZero(xSpacing) || IsNearZero(zDimension) || IsNearZero(zSpacing)) return false;
-  const int columns = qelvrml::CutToInt(xDimension);
-  const int rows = qelvrml::CutToInt(zDimension);
-  const std::int64_t count = std::int64_t{columns} * rows;
-  const bool padded = count > static_cast<std::int64_t>(heights.GetSize());
-  if (columns < 1 || rows < 1 || (padded && count > qelvrml::MaximumPaddedHeights)) return false;
+  const GridShape shape = {xDimension, xSpacing, zDimension, zSpacing};
+  if (!shape.IsSound(heights.GetSize())) return false;
 
   // As lines, every point stands in two of them.
-  const auto points = static_cast<std::uint64_t>(count) * (solid ? 1U : 2U);
+  const int columns = shape.GetColumns();
+  const int rows = shape.GetRows();
+  const std::uint64_t points = shape.GetPointCount() * (solid ? 1U : 2U);
   const std::uint64_t objects = solid ? 1 : static_cast<std::uint64_t>(columns) + static_cast<std::uint64_t>(rows);
   if (!qelvrml::CanMake(*this, {.Objects = objects, .Solids = 1, .Points = points})) return false;
 
   const auto pointAt = [&](int i, int j) {
     return GetElevationGridPoint(i, j, heights, xDimension, xSpacing, zDimension, zSpacing);
   };
-  const bool result = solid ? AddMesh(*this, columns, rows, pointAt) : AddLines(*this, columns, rows, pointAt);
+  const bool result = solid ? AddMesh(*this, shape, pointAt) : AddLines(*this, columns, rows, pointAt);
   qelvrml::Record<CVRMLDictionaryElevationGrid>(*this, [&](auto& entry) {
     entry.SetSolid(solid);
     entry.SetHeight(heights);
