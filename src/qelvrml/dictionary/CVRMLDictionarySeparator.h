@@ -21,6 +21,8 @@ public:
   /// many children there are.
   bool AddChild(CVRMLDictionaryEntry* child);
   bool RemoveChild(CVRMLDictionaryEntry* child);
+  /// Empties the children without looking at them: for those that go as well, or are gone.
+  void LetGoOfChildren() { Children.LetGo(); }
 
 private:
   /// A list whose entries know their places in it, however they leave it.
@@ -31,6 +33,7 @@ private:
     ChildList& operator=(const ChildList&) = delete;
     ~ChildList() override = default;
 
+    void LetGo() { CKelList::RemoveAll(); }
     void RemoveAt(CBasicListElement* place);
     bool Remove(void* value) override;
     void* RemoveHead() override;

@@ -19,7 +19,8 @@ bool Contains(const std::vector<const Item*>& items, const Item* item) {
 }
 
 CVRMLDictionarySeparator* AsSeparatorEntry(CVRMLDictionaryEntry* entry) {
-  return dynamic_cast<CVRMLDictionarySeparator*>(entry);
+  // The type of a host's entry may say anything.
+  return entry->GetType() == DictionaryEntrySeparator ? dynamic_cast<CVRMLDictionarySeparator*>(entry) : nullptr;
 }
 
 // Puts an entry that is in the dictionary into the scope that it was recorded in. A separator whose own entry has just
@@ -98,14 +99,11 @@ void CVRMLParser::ClearObjectDictionary() {
   for (CBasicListElement* element = SeparatorStack.GoToFirst(); element; element = SeparatorStack.GoToNext()) {
     static_cast<CVRMLSeparator*>(element->Data)->SetDictionaryEntry(nullptr);
   }
-  for (CBasicListElement* element = ObjectDictionary->GoToFirst(); element; element = ObjectDictionary->GoToNext()) {
+  for (CBasicListElement* element = ObjectDictionary->GoToFirst(); element; element = element->Next) {
+    auto* entry = static_cast<CVRMLDictionaryEntry*>(element->Data);
     // No entry's destruction may look at another one that is gone.
-    if (auto* separator = AsSeparatorEntry(static_cast<CVRMLDictionaryEntry*>(element->Data))) {
-      separator->GetChildren().RemoveAll();
-    }
-  }
-  for (CBasicListElement* element = ObjectDictionary->GoToFirst(); element; element = ObjectDictionary->GoToNext()) {
-    delete static_cast<CVRMLDictionaryEntry*>(element->Data);
+    if (auto* separator = AsSeparatorEntry(entry)) separator->LetGoOfChildren();
+    delete entry;
   }
   ObjectDictionary->RemoveAll();
 }

@@ -27,8 +27,9 @@ bool IsWholeSet(VRMLBindingTypes binding) {
 }
 
 bool IsInside(std::span<const int> indices, unsigned pointCount) {
-  const auto inside = [pointCount](int index) { return index >= 0 && static_cast<unsigned>(index) < pointCount; };
-  return std::all_of(indices.begin(), indices.end(), inside);
+  unsigned largest = 0;  // one below zero is larger than any point's
+  for (const int index : indices) largest = std::max(largest, static_cast<unsigned>(index));
+  return indices.empty() || largest < pointCount;
 }
 
 brixFloatPointArray PointsOf(std::span<const int> indices, const brixFloatPointArray& points) {
@@ -40,6 +41,7 @@ brixFloatPointArray PointsOf(std::span<const int> indices, const brixFloatPointA
 
 // The runs that name points only.
 brixIntArray SoundRuns(const brixIntArray& runs, unsigned pointCount) {
+  if (IsInside(runs.View(), pointCount)) return runs;  // as a rule even the counts would name points
   bool sound = true;
   for (const brixRun& run : brixRunList(runs)) sound = sound && IsInside(run.Indices, pointCount);
   if (sound) return runs;

@@ -51,12 +51,11 @@ bool CVRMLParser::DefineCube(double width, double height, double depth) {
   const auto w = static_cast<float>(width / 2.0);
   const auto h = static_cast<float>(height / 2.0);
   const auto d = static_cast<float>(depth / 2.0);
-  brixFloatPointArray corners;
+  brixFloatPointArray corners(static_cast<int>(brixBox::CornerCount));
+  auto place = corners.Edit().begin();
   for (const float z : {-d, d}) {
-    corners.Append({-w, -h, z});
-    corners.Append({w, -h, z});
-    corners.Append({w, h, z});
-    corners.Append({-w, h, z});
+    for (const brixFloatPoint& corner : {brixFloatPoint(-w, -h, z), {w, -h, z}, {w, h, z}, {-w, h, z}})
+      *place++ = corner;
   }
   CurrentSeparator->TransformPoints(corners);
 

@@ -26,15 +26,18 @@ std::vector<int> SortUsed(const brixIntArray& runs, std::size_t pointCount) {
 }
 
 std::vector<int> MarkUsed(const brixIntArray& runs, std::size_t pointCount) {
-  std::vector<bool> marks(pointCount);
+  std::vector<char> marks(pointCount);
   for (const brixRun& run : brixRunList(runs)) {
     for (const int index : run.Indices) {
-      if (IsInside(index, pointCount)) marks[static_cast<std::size_t>(index)] = true;
+      if (IsInside(index, pointCount)) marks[static_cast<std::size_t>(index)] = 1;
     }
   }
-  std::vector<int> used;
+  const auto count = static_cast<std::size_t>(std::count(marks.begin(), marks.end(), 1));
+  std::vector<int> used(count);
+  if (count == pointCount) return used;  // all of them: nobody asks for the numbers
+  int* place = used.data();
   for (std::size_t i = 0; i < pointCount; ++i) {
-    if (marks[i]) used.push_back(static_cast<int>(i));
+    if (marks[i] != 0) *place++ = static_cast<int>(i);
   }
   return used;
 }

@@ -2,38 +2,35 @@
 
 namespace {
 
-// Puts `item` behind the others. Nothing has changed hands if there is no memory for it.
-template <class Item>
-void Add(Item* item, brixBool takeOver, std::vector<Item*>& all, std::vector<std::unique_ptr<Item>>& owned) {
-  all.push_back(item);
-  if (takeOver != brixTrue) return;
-  try {
-    owned.emplace_back();
-  } catch (...) {
-    all.pop_back();
-    throw;
-  }
-  owned.back().reset(item);
+template <class Children>
+auto* At(const Children& children, int index) {
+  const bool valid = index >= 0 && static_cast<std::size_t>(index) < children.size();
+  return valid ? children[static_cast<std::size_t>(index)].Here : nullptr;
 }
 
-template <class Item>
-Item* At(const std::vector<Item*>& all, int index) {
-  return index >= 0 && index < static_cast<int>(all.size()) ? all[static_cast<std::size_t>(index)] : nullptr;
+template <class Children>
+void DeleteOwned(const Children& children) {
+  for (const auto& child : children) {
+    if (child.Owned) delete child.Here;
+  }
 }
 
 }  // namespace
 
-brixBaseGroup::~brixBaseGroup() = default;
+brixBaseGroup::~brixBaseGroup() {
+  DeleteOwned(Groups);
+  DeleteOwned(Objects);
+}
 
 bool brixBaseGroup::AddGroup(brixBaseGroup* group, brixBool takeOver) {
   if (!group || group == this) return false;
-  Add(group, takeOver, Groups, OwnedGroups);
+  Groups.push_back({group, takeOver == brixTrue});
   return true;
 }
 
 bool brixBaseGroup::AddObject(brixBaseObject* object, const brixMatProps& material, brixBool takeOver) {
   if (!object) return false;
-  Add(object, takeOver, Objects, OwnedObjects);
+  Objects.push_back({object, takeOver == brixTrue});
   object->SetMatProps(material);
   return true;
 }
@@ -43,14 +40,14 @@ brixBaseGroup* brixBaseGroup::GetGroupAt(int index) const { return At(Groups, in
 
 void brixBaseGroup::RecursiveUpdateBBox() {
   Box = {};
-  for (const brixBaseObject* object : Objects) Box.Add(object->ComputeBBox());
-  for (brixBaseGroup* group : Groups) {
-    group->RecursiveUpdateBBox();
-    Box.Add(group->Box);
+  for (const auto& object : Objects) Box.Add(object.Here->ComputeBBox());
+  for (const auto& group : Groups) {
+    group.Here->RecursiveUpdateBBox();
+    Box.Add(group.Here->Box);
   }
 }
 
 void brixBaseGroup::ApplyMatrixToGeometry(const brixMatrix4x4& matrix, brixBool updateBox) {
-  for (brixBaseObject* object : Objects) object->ApplyMatrixToGeometry(matrix, updateBox);
-  for (brixBaseGroup* group : Groups) group->ApplyMatrixToGeometry(matrix, updateBox);
+  for (const auto& object : Objects) object.Here->ApplyMatrixToGeometry(matrix, updateBox);
+  for (const auto& group : Groups) group.Here->ApplyMatrixToGeometry(matrix, updateBox);
 }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <memory>
 #include <vector>
 
 #include "qelvrml/foundation/VRMLExport.h"
@@ -42,10 +41,14 @@ public:
   virtual CKelTextureManager* GetTextureManager() const { return nullptr; }
 
 private:
-  std::vector<brixBaseObject*> Objects;
-  std::vector<brixBaseGroup*> Groups;
-  std::vector<std::unique_ptr<brixBaseObject>> OwnedObjects;
-  std::vector<std::unique_ptr<brixBaseGroup>> OwnedGroups;
+  template <class Item>
+  struct Child {
+    Item* Here;
+    bool Owned;
+  };
+
+  std::vector<Child<brixBaseObject>> Objects;
+  std::vector<Child<brixBaseGroup>> Groups;
   brixWRope Name;
   brixBBox Box;
 };
