@@ -96,8 +96,8 @@ bool GridShape::IsSound(std::uint64_t heights) const {
   return GetPointCount() <= std::max<std::uint64_t>(heights, MaximumPaddedHeights);
 }
 
-// A name asks for the heights themselves, a fraction in the first dimension shifts the place of each row's heights, and a
-// text that is too short for all of them isn't worth the room.
+// A name asks for the heights themselves, a fraction in the first dimension shifts the place of each row's heights, and
+// a text that is too short for all of them isn't worth the room.
 bool GridReader::CanMakePoints(const GridShape& shape) const {
   if (shape.XDimension != shape.GetColumns()) return false;
   const CVRMLIOManager& tokens = *Parser.GetIOManager();
