@@ -12,7 +12,6 @@ namespace qelvrml {
 template <class Take>
 bool TakeAhead(CVRMLParser& parser, Take take) {
   if (parser.GetCurrentTokenType() != VRMLTokenNumber) return false;
-  parser.UpdateStatus();
   CVRMLIOManager& tokens = *parser.GetIOManager();
   NumberCursor numbers = tokens.GetNumbersAhead(parser.GetSkippingBlock());
   take(numbers);

@@ -261,8 +261,10 @@ void CGenericParser::SetMilestone(int offset) {
 }
 
 qelvrml::NumberCursor CGenericParser::GetNumbersAhead(bool toEnd) const {
+  const char* begin = Reading.Current().Begin;
   const char* end = Reading.Source->End;
-  return {Reading.Source->Classes, Reading.Current().Begin, toEnd ? end : std::min(Milestone, end)};
+  if (!toEnd) end = Milestone ? std::min(Milestone, end) : begin;
+  return {Reading.Source->Classes, begin, end};
 }
 
 void CGenericParser::GoToToken(const char* place) {

@@ -89,7 +89,7 @@ public:
   const char* GetCurrentPlace() const { return Reading.Current().Begin; }
 
   /// The numbers of a list from the current token on, as far as they end ahead of the milestone, or with `toEnd` of the
-  /// end of the text. Nothing moves here: GoToToken does, to the last one that was taken.
+  /// end of the text; without a milestone there are none. Nothing moves here: GoToToken does, to the last one taken.
   qelvrml::NumberCursor GetNumbersAhead(bool toEnd) const;
   /// Makes the token that begins at a place of the text the current one.
   void GoToToken(const char* place);
