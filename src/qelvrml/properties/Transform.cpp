@@ -3,7 +3,6 @@
 //   point * move by -centre * rotation * scale orientation * scale * inverse scale orientation * move back *
 //   translation
 
-#include <cmath>
 #include <optional>
 
 #include "qelvrml/dictionary/CVRMLDictionaryTransforms.h"
@@ -37,8 +36,6 @@ bool IsIdentity(const brixMatrix4x4& matrix) {
   return true;
 }
 
-bool IsFinite(const brixFloatPoint& p) { return std::isfinite(p.x) && std::isfinite(p.y) && std::isfinite(p.z); }
-
 bool IsFinite(const brixMatrix4x4& matrix) {
   double sum = 0.0;
   for (std::size_t row = 0; row < 4; ++row) {
@@ -50,10 +47,11 @@ bool IsFinite(const brixMatrix4x4& matrix) {
 brixMatrix4x4 WholeTransformation(const brixFloatPoint& translation, const brixFloatPoint& scaleFactor,
                                   const brixMatrix4x4& rotation, const brixMatrix4x4& scaleOrientation,
                                   const brixFloatPoint& center) {
-  // Most nodes have neither a centre nor an orientation of the scale, and the matrices of these then change nothing.
-  if (IsOrigin(center) && IsIdentity(scaleOrientation) && IsFinite(scaleFactor) && IsFinite(translation) &&
-      IsFinite(rotation)) {
-    return rotation * GetScaleMatrix(scaleFactor) * GetDisplacementMatrix(translation);
+  // Most nodes have neither a centre nor an orientation of the scale. The matrices of these change nothing then, but
+  // for what isn't finite, which they spread.
+  if (IsOrigin(center) && IsIdentity(scaleOrientation)) {
+    const brixMatrix4x4 matrix = rotation * GetScaleMatrix(scaleFactor) * GetDisplacementMatrix(translation);
+    if (IsFinite(matrix)) return matrix;
   }
   const brixMatrix4x4 toCenter = GetDisplacementMatrix({-center.x, -center.y, -center.z});
   return toCenter * rotation * scaleOrientation * GetScaleMatrix(scaleFactor) * GetInverseMatrix(scaleOrientation) *
