@@ -166,7 +166,8 @@ TEST(Evaluation, VolumesAndAreasByTheirFormulas) {
 // The points of the triangles lie on the surface: none outside the box, and close to each of its sides.
 TEST(Evaluation, BoxesAreExactUnderAnyMatrix) {
   std::vector<Object> objects = {Sphere({1, 2, 3}, 2, -7, -3, 1, 2), Sphere({}, 1, 8, 10, 0, 0.5F),
-                                 Cylinder(1, 3, 0.25F, 9, 12), Cylinder(3, -2, 1, -2, -1)};
+                                 Sphere({}, 1, 0, Whole, 0, 1),      Sphere({}, 1, 1, 8, 0.5F, Half),
+                                 Cylinder(1, 3, 0.25F, 9, 12),       Cylinder(3, -2, 1, -2, -1)};
   for (const Shape& shape : Shapes()) objects.insert(objects.end(), shape.Parts.begin(), shape.Parts.end());
   for (int turn = 0; turn < 4; ++turn) {
     const brixMatrix4x4 matrix = Shear() * CreateRotationMatrixForNormalAngle({2, 1, static_cast<float>(turn)}, turn) *

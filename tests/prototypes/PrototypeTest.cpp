@@ -236,8 +236,11 @@ TEST_F(CaptureTest, TextsOfAllLengths) {
     EXPECT_EQ(Block("{ " + text + "} next", false), joined(tokens));
     EXPECT_EQ(Block("{ " + text, false), joined(tokens)) << "the input ends";
     tokens.insert(tokens.begin(), "[");
-    std::string open = joined(tokens) + (tokens.size() % 5 == 0 ? "" : " ") + "  ";
-    tokens.emplace_back("]");
+    tokens.emplace_back(" ");  // for what is missing
+    std::string open = joined(tokens);
+    if (open.back() == '\n') open.back() = ' ';
+    EXPECT_EQ(Block("[ " + text, false), open + '!');
+    tokens.back() = "]";
     for (const bool fieldDefault : {false, true})
       EXPECT_EQ(Block("[ " + text + "] field", fieldDefault), joined(tokens));
     EXPECT_EQ(Field("[ " + text + "] next", VRMLFieldMFSTRING), joined(tokens));

@@ -52,7 +52,10 @@ void CheckOperations(unsigned seed) {
     } else if (operation == 5 && !list.empty()) {
       array.Edit().back() = list.back() = value;
     } else if (operation == 6 && !list.empty()) {
-      array[small % list.size()] = list[small % list.size()] = value;
+      T& element = array[small % list.size()];
+      arrays[other] = array;
+      expected[other] = list;
+      element = list[small % list.size()] = value;
     } else if (operation == 7) {
       array.Assign(expected[other]);
       list = expected[other];

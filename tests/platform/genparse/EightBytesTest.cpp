@@ -91,6 +91,9 @@ TEST(EightBytes, NumbersOfAllLengths) {
       }
     }
   }
+  for (int i = 0; i < 20'000 && !HasFailure(); ++i) {  // some have a mantissa that 64 bits don't hold
+    CheckNumber(Digits(5 + Below(3)) + '.' + Digits(13 + Below(3)), ' ');
+  }
   for (std::size_t places = 0; places <= 16; ++places) {  // about 2^53, the last mantissa that counts
     for (const std::string_view border : {"9007199254740991", "9007199254740992", "9007199254740993"}) {
       std::string word(border);
@@ -98,6 +101,19 @@ TEST(EightBytes, NumbersOfAllLengths) {
       CheckNumber("-0" + word, ' ');
     }
   }
+}
+
+TEST(EightBytes, AllNumbersOrNone) {
+  const FileText text("1 2.5,-3 4 5 x");
+  NumberCursor cursor(qelvrml::FileCharacters, text.begin(), text.end());
+  float x = 0.0F;
+  float y = 0.0F;
+  double z = 0.0;
+  ASSERT_TRUE(cursor.TakeAll(x, y, z));
+  EXPECT_TRUE(x == 1.0F && y == 2.5F && z == -3.0);
+  EXPECT_FALSE(cursor.TakeAll(x, y, z));
+  EXPECT_EQ(cursor.GetLast(), text.begin() + 6);
+  EXPECT_TRUE(cursor.Take(z) && z == 4.0);
 }
 
 // Behind the word stands more of the same kind, which doesn't count.
@@ -139,22 +155,36 @@ TEST(EightBytes, WordsNextToKeywords) {
     check(word + std::string(row.Name));
   }
   // Of characters that aren't letters, a pair that differs like the two cases of one.
-  const ParserKeywordEntry odd[] = {{"A@[\\]^_", 1}, {"12345678A", 2}, {"12345678", 3}};  // NOLINT(*-avoid-c-arrays)
-  const qelvrml::KeywordIndex own(odd, 3);
-  for (const auto& [word, value] : {std::pair("a@[\\]^_", 1U),
-                                    {"A`[\\]^_", 0U},
-                                    {"A@{\\]^_", 0U},
-                                    {"A@[|]^_", 0U},
-                                    {"A@[\\}^_", 0U},
-                                    {"A@[\\]~_", 0U},
-                                    {"A@[\\]^\x7F", 0U},
-                                    {"12345678a", 2U},
-                                    {"12345678", 3U},
-                                    {"1234567", 0U},
-                                    {"12345678!", 0U},
-                                    {"\x11\x32", 0U}}) {
+  std::vector<ParserKeywordEntry> odd = {{"A@[\\]^_", 1}, {"12345678A", 2}, {"12345678", 3}, {"A\xC1", 4}};
+  const qelvrml::KeywordIndex own(odd.data(), static_cast<int>(odd.size()));
+  for (const auto& [word, expected] : {std::pair("a@[\\]^_", 1U),
+                                       {"A`[\\]^_", 0U},
+                                       {"A@{\\]^_", 0U},
+                                       {"A@[|]^_", 0U},
+                                       {"A@[\\}^_", 0U},
+                                       {"A@[\\]~_", 0U},
+                                       {"A@[\\]^\x7F", 0U},
+                                       {"12345678a", 2U},
+                                       {"12345678", 3U},
+                                       {"1234567", 0U},
+                                       {"12345678!", 0U},
+                                       {"\x11\x32", 0U},
+                                       {"a\xC1", 4U},
+                                       {"A\xE1", 0U}}) {
     const ParserKeywordEntry* found = Find(own, word);
-    EXPECT_EQ(found ? found->Value : 0, value) << word;
+    EXPECT_EQ(found ? found->Value : 0, expected) << word;
+  }
+}
+
+// All begin with the same eight bytes, which aren't a keyword themselves.
+TEST(EightBytes, KeywordsThatDifferInLength) {
+  for (char c = 'A'; c <= 'Z'; ++c) {
+    const std::string longest = std::string("LONGWOR") + c + std::string(44, 'X');
+    std::vector<ParserKeywordEntry> table(44);
+    for (std::size_t i = 0; i < table.size(); ++i) longest.copy(table[i].Name, 9 + i);
+    const qelvrml::KeywordIndex index(table.data(), static_cast<int>(table.size()));
+    EXPECT_EQ(Find(index, longest.substr(0, 8)), nullptr) << c;
+    for (std::size_t i = 0; i < table.size(); ++i) EXPECT_EQ(Find(index, longest.substr(0, 9 + i)), &table[i]);
   }
 }
 
