@@ -194,7 +194,7 @@ bool StayApart(double distance, double reach, const brixMatrix4x4& matrix) {
   const double largest = LargestStretch(matrix);
   const double smallest = std::fabs(Determinant(matrix, NormalMatrix(matrix))) / (largest * largest);
   const double farthest = reach * largest + std::fabs(matrix[3][0]) + std::fabs(matrix[3][1]) + std::fabs(matrix[3][2]);
-  return farthest < std::numeric_limits<float>::max() &&
+  return std::isfinite(smallest) && farthest < std::numeric_limits<float>::max() &&
          distance * smallest > Rounding * farthest + std::numeric_limits<float>::min();
 }
 
