@@ -94,6 +94,25 @@ TEST(ElevationGrid, DimensionsAgainstHeights) {
       << "no spacing";
 }
 
+// height[i + j * xDimension], with the fraction: rows of 2.9 heights begin at 0, 2 and 5.
+TEST(ElevationGrid, FractionsShiftTheHeights) {
+  const Model model = Load20(
+      "ElevationGrid { xDimension 2.9 zDimension 3 xSpacing 100 zSpacing 100 height [ 0 100 200 300 400 500 ] }");
+  std::vector<float> heights;
+  for (const brixFloatPoint& point : model.Points(0)) heights.push_back(point.y);
+  EXPECT_THAT(heights, testing::ElementsAre(0, 200, 500, 100, 300, 0));
+}
+
+// Each of these lists would use up a good part of what a load may make if it were paid for.
+TEST(ElevationGrid, OnlyTheListThatCountsIsPaidFor) {
+  std::string lists;
+  for (int i = 0; i < 200; ++i) lists += "height [ 1 2 3 ] ";
+  const std::string blanks(2'500'000, ' ');  // the text is long enough for all heights
+  EXPECT_EQ(
+      Load20("ElevationGrid { xDimension 1000 zDimension 1000 xSpacing 1 zSpacing 1 " + lists + "}" + blanks).Size(),
+      1U);
+}
+
 // Heights that stand behind the dimensions become points while they are read, those ahead of them are kept first.
 TEST(ElevationGrid, TheOrderOfItsFieldsIsNothing) {
   struct Case {

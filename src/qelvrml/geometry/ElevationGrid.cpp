@@ -21,6 +21,13 @@ namespace {
 using qelvrml::GridShape;
 using qelvrml::NodeReader;
 
+// As lines, every point stands in two of them.
+qelvrml::Making PriceOf(const GridShape& shape, bool solid) {
+  if (solid) return {.Objects = 1, .Solids = 1, .Points = shape.GetPointCount()};
+  const auto lines = static_cast<std::uint64_t>(shape.GetColumns()) + static_cast<std::uint64_t>(shape.GetRows());
+  return {.Objects = lines, .Solids = 1, .Points = shape.GetPointCount() * 2U};
+}
+
 bool PlaceMesh(CVRMLParser& parser, const GridShape& shape, const brixFloatPointArray& points) {
   std::unique_ptr<CKelPolyMesh> mesh(new (std::nothrow) CKelPolyMesh);
   if (!mesh) return false;
@@ -81,7 +88,9 @@ bool CVRMLParser::ParseElevationGrid() {
       default: Tokenize(); break;
     }
   });
-  if (grid.HasPoints() && solid && shape == grid.GetShape()) return PlaceMesh(*this, shape, grid.GetPoints());
+  if (grid.HasPoints() && solid && shape == grid.GetShape()) {
+    return qelvrml::CanMake(*this, PriceOf(shape, solid)) && PlaceMesh(*this, shape, grid.GetPoints());
+  }
   if (grid.HasPoints()) grid.ReadHeightsAgain(heights);
   return DefineElevationGrid(solid, heights, shape.XDimension, shape.XSpacing, shape.ZDimension, shape.ZSpacing);
 }
@@ -100,17 +109,13 @@ bool CVRMLParser::DefineElevationGrid(bool solid, const brixDoubleArray& heights
   const GridShape shape = {xDimension, xSpacing, zDimension, zSpacing};
   if (!shape.IsSound(heights.GetSize())) return false;
 
-  // As lines, every point stands in two of them.
-  const int columns = shape.GetColumns();
-  const int rows = shape.GetRows();
-  const std::uint64_t points = shape.GetPointCount() * (solid ? 1U : 2U);
-  const std::uint64_t objects = solid ? 1 : static_cast<std::uint64_t>(columns) + static_cast<std::uint64_t>(rows);
-  if (!qelvrml::CanMake(*this, {.Objects = objects, .Solids = 1, .Points = points})) return false;
+  if (!qelvrml::CanMake(*this, PriceOf(shape, solid))) return false;
 
   const auto pointAt = [&](int i, int j) {
     return GetElevationGridPoint(i, j, heights, xDimension, xSpacing, zDimension, zSpacing);
   };
-  const bool result = solid ? AddMesh(*this, shape, pointAt) : AddLines(*this, columns, rows, pointAt);
+  const bool result =
+      solid ? AddMesh(*this, shape, pointAt) : AddLines(*this, shape.GetColumns(), shape.GetRows(), pointAt);
   qelvrml::Record<CVRMLDictionaryElevationGrid>(*this, [&](auto& entry) {
     entry.SetSolid(solid);
     entry.SetHeight(heights);

@@ -5,8 +5,7 @@
 #include <span>
 #include <vector>
 
-#include "qelvrml/parser/load/Budget.h"
-#include "qelvrml/parser/reading/NodeReader.h"
+#include "qelvrml/parser/Limits.h"
 #include "qelvrml/parser/reading/NumbersAhead.h"
 #include "qelvrml/platform/brix/ArrayWriter.h"
 #include "qelvrml/platform/brixex/shapes/PointBlocks.h"
@@ -31,15 +30,11 @@ public:
 
   /// What is beyond the grid is left out.
   void Add(float height) {
-    ++Count;
-    if (FirstRow == Rows) return;
+    if (IsComplete()) return;
     Block[Filled] = height;
     if (++Filled == BlockSize) CloseBlock();
   }
-  void FillUp() {
-    while (FirstRow != Rows) Add(0.0F);
-  }
-  std::uint64_t GetCount() const { return Count; }
+  bool IsComplete() const { return FirstRow == Rows; }
 
 private:
   static constexpr std::size_t MostColumns = 16'384;
@@ -85,7 +80,6 @@ private:
   std::size_t Height = 0;
   std::size_t BlockSize = 0;
   std::size_t Filled = 0;
-  std::uint64_t Count = 0;
 };
 
 }  // namespace
@@ -99,16 +93,15 @@ bool GridShape::IsSound(std::uint64_t heights) const {
 // A name asks for the heights themselves, a fraction in the first dimension shifts the place of each row's heights, and
 // a text that is too short for all of them isn't worth the room.
 bool GridReader::CanMakePoints(const GridShape& shape) const {
-  if (shape.XDimension != shape.GetColumns()) return false;
+  if (Incomplete || shape.XDimension != shape.GetColumns()) return false;
   const CVRMLIOManager& tokens = *Parser.GetIOManager();
   if (Parser.GetCurrentTokenType() != VRMLTokenOpenBracket || Parser.GetNextTokenType() != VRMLTokenNumber)
     return false;
   if (!Parser.CanAddObjectToSeparator() || Parser.GetDefiningObjects()) return false;
   constexpr std::uint64_t FewestBytes = 2;  // of a height
   constexpr std::size_t Most = std::numeric_limits<int>::max();
-  return shape.IsSound(tokens.GetBytesLeft() / FewestBytes) &&
-         shape.GetPointCount() <= std::min(tokens.GetBytesLeft(), Most) &&
-         CanMake(Parser, {.Objects = 1, .Solids = 1, .Points = shape.GetPointCount()});
+  const std::size_t heights = std::min(tokens.GetBytesLeft() / FewestBytes, Most);
+  return shape.IsSound(heights) && shape.GetPointCount() <= heights;
 }
 
 bool GridReader::ReadHeights(const GridShape& shape) {
@@ -126,13 +119,11 @@ bool GridReader::ReadHeights(const GridShape& shape) {
     if (!TakeAhead(Parser, takeAll)) writer.Add(static_cast<float>(Parser.GetCurrentTokenNumericValue()));
     if (!Parser.Tokenize()) break;
   }
-  if (!Shape.IsSound(writer.GetCount())) {
-    Drop();
-    Parser.RestoreIOState(HeightsPlace);
-    return false;
-  }
-  writer.FillUp();
-  return true;
+  if (writer.IsComplete()) return true;
+  Incomplete = true;
+  Drop();
+  Parser.RestoreIOState(HeightsPlace);
+  return false;
 }
 
 void GridReader::ReadHeightsAgain(brixDoubleArray& heights) {

@@ -32,7 +32,8 @@ class GridReader {
 public:
   explicit GridReader(CVRMLParser& parser) : Parser(parser) {}
 
-  /// Reads a list of heights as ParseFloatArray does. False, and nothing moves, where only heights will do.
+  /// Reads a list of heights as ParseFloatArray does. False, and nothing moves, where only heights will do: for a list
+  /// that lacks some of them, among others, and for all behind it.
   bool ReadHeights(const GridShape& shape);
   /// Reads the heights once more, as they are, when the node turns out to be another one than it seemed. Nothing moves.
   void ReadHeightsAgain(brixDoubleArray& heights);
@@ -42,7 +43,7 @@ public:
 
   bool HasPoints() const { return !Points.IsEmpty(); }
   const GridShape& GetShape() const { return Shape; }
-  /// Points of the mesh in world coordinates; they have been paid for.
+  /// Points of the mesh in world coordinates; they are still to be paid for.
   const brixFloatPointArray& GetPoints() const { return Points; }
 
 private:
@@ -52,6 +53,7 @@ private:
   CGenericIOState HeightsPlace;
   GridShape Shape;
   brixFloatPointArray Points;
+  bool Incomplete = false;  ///< a list has lacked heights
 };
 
 }  // namespace qelvrml
