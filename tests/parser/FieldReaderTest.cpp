@@ -224,4 +224,13 @@ TEST(FieldReader, CountsThatPromiseTooMuchStayInTheArray) {
   EXPECT_THAT(merged({1, 2, 3}, {1, -5, 1}), ElementsAre(1, 1, -5, 1, 2, 0));
 }
 
+// A host may say of a token without a text that it is a number.
+TEST(FieldReader, NumbersWithoutAText) {
+  CVRMLParser parser;
+  parser.GetIOManager()->GetCurrentToken().SetDataType(GenericTokenNumber);
+  brixIntArray indices;
+  EXPECT_TRUE(qelvrml::NodeReader(parser).TakeIndices(indices));
+  EXPECT_EQ(indices.GetSize(), 1U);
+}
+
 }  // namespace

@@ -11,8 +11,8 @@ namespace qelvrml {
 /// took none: also in front of a place where progress is to be reported.
 template <class Take>
 bool TakeAhead(CVRMLParser& parser, Take take) {
-  if (parser.GetCurrentTokenType() != VRMLTokenNumber) return false;
   CVRMLIOManager& tokens = *parser.GetIOManager();
+  if (tokens.GetCurrentTokenType() != VRMLTokenNumber || !tokens.IsCurrentTokenInText()) return false;
   NumberCursor numbers = tokens.GetNumbersAhead(parser.GetSkippingBlock());
   take(numbers);
   if (!numbers.GetLast()) return false;

@@ -260,6 +260,11 @@ void CGenericParser::SetMilestone(int offset) {
   Milestone = reached ? Reading.Source->Text->begin() + offset : Reading.Source->End + 1;
 }
 
+bool CGenericParser::IsCurrentTokenInText() const {
+  const char* begin = Reading.Current().Begin;
+  return Reading.Source && begin && begin >= Reading.Source->Text->begin() && begin < Reading.Source->End;
+}
+
 qelvrml::NumberCursor CGenericParser::GetNumbersAhead(bool toEnd) const {
   const char* begin = Reading.Current().Begin;
   const char* end = Reading.Source->End;

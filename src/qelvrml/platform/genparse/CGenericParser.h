@@ -88,8 +88,11 @@ public:
   /// Where the current token begins; to be handed to RememberStretch.
   const char* GetCurrentPlace() const { return Reading.Current().Begin; }
 
-  /// The numbers of a list from the current token on, as far as they end ahead of the milestone, or with `toEnd` of the
-  /// end of the text; without a milestone there are none. Nothing moves here: GoToToken does, to the last one taken.
+  /// Whether the current token stands in the text of the reading; a host may have changed one of the two.
+  bool IsCurrentTokenInText() const;
+  /// For such a token: the numbers of a list from it on, as far as they end ahead of the milestone, or with `toEnd` of
+  /// the end of the text; without a milestone there are none. Nothing moves here: GoToToken does, to the last one
+  /// taken.
   qelvrml::NumberCursor GetNumbersAhead(bool toEnd) const;
   /// Makes the token that begins at a place of the text the current one.
   void GoToToken(const char* place);
