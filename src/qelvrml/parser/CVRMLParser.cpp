@@ -9,6 +9,7 @@
 #include "qelvrml/foundation/Numbers.h"
 #include "qelvrml/foundation/ScopedValue.h"
 #include "qelvrml/parser/load/LoadState.h"
+#include "qelvrml/parser/load/NoteBook.h"
 #include "qelvrml/platform/brixex/NameIndexedList.h"
 #include "qelvrml/platform/brixex/brixMatrixFunctions.h"
 #include "qelvrml/prototypes/CVRMLPrototype.h"
@@ -70,6 +71,7 @@ void LeadOpenSeparatorsInto(CKelWorld* world, CKelList& stack) {
 CVRMLParser::CVRMLParser()
     : ObjectDictionary(std::make_unique<qelvrml::NameIndexedList>(KeyOfEntry)),
       PrototypeDictionary(std::make_unique<qelvrml::NameIndexedList>(KeyOfPrototype)),
+      Notes(std::make_unique<qelvrml::NoteBook>()),
       Load(std::make_unique<qelvrml::LoadState>()) {
   InitializeVariables();
 }
@@ -127,6 +129,7 @@ VRMLLoadResultTypes CVRMLParser::Parse(CKelWorld* world, const CBasicString& fil
   LeadOpenSeparatorsInto(world, SeparatorStack);
   SetWorld(world);
   MissingFiles.clear();
+  *Notes = qelvrml::NoteBook();
   ClearTemporaryFilename();  // a copy that a callback has made knows the one that its original is reading
   // No temporary file outlives the load, however it ends.
   const std::unique_ptr<CVRMLParser, void (*)(CVRMLParser*)> cleaner(this, [](CVRMLParser* parser) {
@@ -180,6 +183,9 @@ void CVRMLParser::OpenRoot() {
   const qelvrml::ScopedValue<bool> noEntry(AllowDictionaryUpdate, false);
   if (DefineSeparator()) CurrentSeparator->SetGroup(World);
 }
+
+const std::vector<CVRMLNote>& CVRMLParser::GetNotes() const { return Notes->GetNotes(); }
+std::uint64_t CVRMLParser::GetUnlistedNotes() const { return Notes->GetUnlisted(); }
 
 void CVRMLParser::DetermineUnits() {
   if (!World) return;

@@ -1,11 +1,13 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <vector>
 
 #include "qelvrml/foundation/CBasicString.h"
 #include "qelvrml/foundation/VRMLExport.h"
 #include "qelvrml/parser/CVRMLIOManager.h"
+#include "qelvrml/parser/CVRMLNote.h"
 #include "qelvrml/parser/VRMLBindingTypes.h"
 #include "qelvrml/parser/VRMLTokenTypes.h"
 #include "qelvrml/parser/VRMLTypes.h"
@@ -20,6 +22,7 @@
 
 namespace qelvrml {
 class NameIndexedList;
+class NoteBook;
 struct LoadState;
 struct ParserInternals;
 }  // namespace qelvrml
@@ -90,6 +93,11 @@ public:
   /// 0, or a value of VRMLWarningTypes.
   int GetLastWarning() const { return LastWarning; }
   void SetLastWarning(int warning) { LastWarning = warning; }
+  /// What the last load came across and the model doesn't show: at most 256 different notes, in the order of their
+  /// first ones. They stay until the next load.
+  const std::vector<CVRMLNote>& GetNotes() const;
+  /// How often the last load came across something that is different from all of its notes.
+  std::uint64_t GetUnlistedNotes() const;
 
   // --- Token view
 
@@ -405,5 +413,6 @@ private:
   int LastWarning = 0;
 
   std::vector<CBasicString> MissingFiles;    ///< of the last load
+  std::unique_ptr<qelvrml::NoteBook> Notes;  ///< of the last load; never null
   std::unique_ptr<qelvrml::LoadState> Load;  ///< what one load knows; never null
 };
