@@ -8,6 +8,7 @@
 #include "qelvrml/dictionary/CVRMLDictionaryUse.h"
 #include "qelvrml/dictionary/Recording.h"
 #include "qelvrml/parser/load/LoadState.h"
+#include "qelvrml/parser/load/Notes.h"
 #include "qelvrml/parser/load/ParserInternals.h"
 #include "qelvrml/platform/brixex/NameIndexedList.h"
 
@@ -117,7 +118,10 @@ bool CVRMLParser::ParseUse() {
 bool CVRMLParser::DefineUse(const CBasicString& name) {
   if (SkippingBlock || !CurrentSeparator || name.GetLength() == 0) return true;
   CVRMLDictionaryEntry* entry = FindObjectInDictionary(name);
-  if (!entry) return true;
+  if (!entry) {
+    qelvrml::NoteName(*this, VRMLNoteUnknownUse, name);
+    return true;
+  }
   const bool result = ServiceDictionaryObject(entry);
   if (GetDefiningObjects()) {
     std::unique_ptr<CVRMLDictionaryUse> use(new (std::nothrow) CVRMLDictionaryUse);

@@ -7,6 +7,7 @@
 #include "qelvrml/files/MissingFiles.h"
 #include "qelvrml/foundation/ScopedValue.h"
 #include "qelvrml/parser/load/LoadState.h"
+#include "qelvrml/parser/load/Notes.h"
 #include "qelvrml/parser/load/ParserInternals.h"
 #include "qelvrml/parser/reading/InputFrame.h"
 #include "qelvrml/platform/system/PathParts.h"
@@ -41,29 +42,40 @@ bool ReadOpenedFile(CVRMLParser& parser, CVRMLIOManager& subfile) {
 
 // Whether a file may be read: it isn't being read already, and what a later reading costs is left. Asked before its
 // text is read, which takes time as well.
-bool MayRead(CVRMLParser& parser, const CKelFileInterface& file, bool again) {
+bool MayRead(CVRMLParser& parser, const CKelFileInterface& file, const CBasicString& path, bool again) {
   const auto& reading = ParserInternals::Load(parser).FilesBeingRead;
-  if (std::find(reading.begin(), reading.end(), file.GetIdentity()) != reading.end()) return false;
+  if (std::find(reading.begin(), reading.end(), file.GetIdentity()) != reading.end()) {
+    NoteName(parser, VRMLNoteRefusedFile, path);
+    return false;
+  }
   return !again || CanMake(parser, {.ExpandedText = static_cast<std::uint64_t>(file.GetFileSize())});
 }
 
 bool ReadSubfile(CVRMLParser& parser, const CBasicString& path, bool noteIfMissing) {
   const LoadRun run(parser);
   LoadState& load = ParserInternals::Load(parser);
-  if (load.FilesBeingRead.size() > MaximumSubfileNesting || !load.AskForFile()) return false;
+  if (load.FilesBeingRead.size() > MaximumSubfileNesting) {
+    Note(parser, VRMLNoteLimit, limits::Subfiles);
+    return false;
+  }
+  if (!AskForFile(parser)) return false;
   if (!CanMake(parser, {.Steps = StepsOfASubfile})) return false;
-  if (load.MissingFiles.count(std::u16string(path.GetView())) > 0) return false;
+  if (load.MissingFiles.count(std::u16string(path.GetView())) > 0) {
+    NoteName(parser, VRMLNoteMissingFile, path);
+    return false;
+  }
   CVRMLIOManager subfile;
   CKelFileInterface& file = subfile.GetFileInterface();
   file.SetFolders(&load.Folders);
   if (!file.Open(path) && noteIfMissing) NoteMissingFile(parser, path);
   if (!file.GetFileHandleIsValid()) return false;
   const bool again = load.FilesRead.count(file.GetIdentity()) > 0;
-  if (!MayRead(parser, file, again)) return false;
+  if (!MayRead(parser, file, path, again)) return false;
   load.FilesRead.insert(file.GetIdentity());
   subfile.SetFilename(path);
   const VRMLLoadResultTypes opened = subfile.OpenFile();
   if (opened == VRMLLoadOpenFailed && noteIfMissing) NoteMissingFile(parser, path);
+  if (opened == VRMLLoadFailed) NoteName(parser, VRMLNoteRefusedFile, path);
   if (opened != VRMLLoadOK) return false;
 
   const auto size = static_cast<std::uint64_t>(subfile.GetTotalFileSize());
@@ -77,12 +89,22 @@ bool ReadSubfile(CVRMLParser& parser, const CBasicString& path, bool noteIfMissi
 }  // namespace
 
 bool ReadReferredFile(CVRMLParser& parser, const FileReference& reference) {
-  if (reference.Name.GetLength() > MaximumNameLength) return false;
+  if (reference.Name.GetLength() > MaximumNameLength) {
+    Note(parser, VRMLNoteLimit, limits::FileName);
+    return false;
+  }
   CBasicString path = reference.Name;
   return !parser.CreateSubfilePath(path) || ReadSubfile(parser, path, reference.IsName);
 }
 
+bool AskForFile(CVRMLParser& parser) {
+  const bool allowed = ParserInternals::Load(parser).AskForFile();
+  if (!allowed) Note(parser, VRMLNoteLimit, limits::Files);
+  return allowed;
+}
+
 void NoteMissingFile(CVRMLParser& parser, const CBasicString& path) {
+  NoteName(parser, VRMLNoteMissingFile, path);
   LoadState& load = ParserInternals::Load(parser);
   const std::u16string_view name = path.GetView();
   if (name.size() > MaximumMissingCharacters - load.MissingCharacters) return;

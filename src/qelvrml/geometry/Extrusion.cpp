@@ -12,6 +12,7 @@
 #include "qelvrml/dictionary/Recording.h"
 #include "qelvrml/parser/Limits.h"
 #include "qelvrml/parser/load/Budget.h"
+#include "qelvrml/parser/load/Notes.h"
 #include "qelvrml/parser/reading/NodeReader.h"
 #include "qelvrml/platform/brixex/brixMatrixFunctions.h"
 #include "qelvrml/platform/brixex/shapes/CKelPolyMesh.h"
@@ -53,6 +54,7 @@ bool CVRMLParser::ParseExtrusion() {
   brixDoubleArray scale;
   brixDoubleArray crossSection;
   brixFloatPointArray spine;
+  const char* place = IOManager.GetCurrentPlace();
   qelvrml::NodeReader reader(*this);
   reader.StepOver({VRMLTokenOpenBrace, VRMLTokenEXTRUSION});
   reader.WhileInNode([&](VRMLTokenTypes keyword) {
@@ -78,6 +80,9 @@ bool CVRMLParser::ParseExtrusion() {
     angles.Append(0.0);
   }
   if (crossSection.GetSize() % 2 != 0) crossSection = {};
+  if ((spine.IsEmpty() || crossSection.IsEmpty()) && !SkippingBlock) {
+    qelvrml::Note(*this, VRMLNoteExtrusionWithoutData, "Extrusion", place);
+  }
   return DefineExtrusion(solid, beginCap, endCap, axes, angles, scale, crossSection, spine);
 }
 
@@ -91,6 +96,7 @@ bool CVRMLParser::DefineExtrusion(bool solid, bool beginCap, bool endCap, const 
   }
   const std::uint64_t count = std::uint64_t{PairCount(crossSection)} * spine.GetSize();
   if (!qelvrml::CanMake(*this, {.Objects = 1, .Points = count, .Steps = SweepSteps(count)})) return false;
+  if (count > qelvrml::MaximumMeshPoints) qelvrml::Note(*this, VRMLNoteLimit, qelvrml::limits::MeshPoints);
   brixFloatPointArray points;
   if (!GetExtrusionMesh(points, axes, angles, scale, crossSection, spine)) return false;
   CurrentSeparator->TransformPoints(points);

@@ -21,6 +21,7 @@ bool CVRMLParser::ParsePointSet() {
   reader.StepOver({VRMLTokenOpenBrace, VRMLTokenPOINTSET});
   // A nested node ends its pass: ParseBlock has stepped behind it.
   for (bool more = true; more && !reader.Is(VRMLTokenCloseBrace);) {
+    reader.LookForNode();
     switch (reader.Current()) {
       case VRMLTokenSTARTINDEX:
         reader.TakeNumber(startIndex);

@@ -22,6 +22,7 @@ bool CVRMLParser::ParseTriangleStripSet() {
   qelvrml::NodeReader reader(*this);
   reader.StepOver({VRMLTokenOpenBrace, VRMLTokenTRIANGLESTRIPSET});
   while (!reader.Is(VRMLTokenCloseBrace)) {
+    reader.LookForNode();
     if (reader.Is(VRMLTokenNUMVERTICES)) {
       Tokenize();
       result = reader.TakeIndices(counts);

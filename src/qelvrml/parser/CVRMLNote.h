@@ -22,16 +22,20 @@ enum VRMLNoteTypes : std::uint32_t {
   VRMLNoteExtrusionWithoutData = 13,  ///< an Extrusion lacks a spine or a cross-section
   VRMLNoteEmptyGeometry = 14,         ///< a geometry node added nothing to the model
   VRMLNoteNothingChosen = 15,         ///< a Switch chose none of its children
+  VRMLNoteLostEnd = 16,               ///< a node's end was lost in it: its } closed what was around it
+  VRMLNoteNoGeometry = 17,            ///< the file led to no node that makes an object
 };
-constexpr int VRMLNoteTypeCount = VRMLNoteNothingChosen + 1;
+constexpr int VRMLNoteTypeCount = VRMLNoteNoGeometry + 1;
 
 /// Something in a file that left no trace in the model, or not the one that its author meant. Equal ones are counted.
 struct CVRMLNote {
   VRMLNoteTypes Kind = VRMLNoteUnknownNode;
   /// Of the node, name, field, prototype, file or limit, in the spelling of the file, cut to 256 bytes. A field stands
-  /// behind its prototype and a dot. Empty where there is none.
+  /// behind its prototype and a dot. Without geometry, a prototype that was declared and not used. Empty for none.
   CBasicString Name;
   std::uint64_t Count = 1;  ///< how often it happened
   CBasicString File;        ///< path of the file of the first one; of a packed file its own
-  int Line = 0;             ///< of the first one in that file, from 1 on; an instance counts as what its body holds
+  /// Of the first one in that file, from 1 on. What happens in the body of a prototype has the line of the instance,
+  /// and what a USE repeats has that of the USE. 0 where no place of a text plays a part.
+  int Line = 0;
 };

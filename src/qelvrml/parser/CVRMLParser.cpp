@@ -8,6 +8,7 @@
 #include "qelvrml/foundation/CBasicListIterator.h"
 #include "qelvrml/foundation/Numbers.h"
 #include "qelvrml/foundation/ScopedValue.h"
+#include "qelvrml/foundation/TextConversion.h"
 #include "qelvrml/parser/load/LoadState.h"
 #include "qelvrml/parser/load/NoteBook.h"
 #include "qelvrml/platform/brixex/NameIndexedList.h"
@@ -126,6 +127,7 @@ void CVRMLParser::InitializeVariables() {
 VRMLLoadResultTypes CVRMLParser::Parse(CKelWorld* world, const CBasicString& file) {
   if (Load->Running) return VRMLLoadFailed;  // a callback's: the load around it goes on
   const qelvrml::LoadRun run(*this);
+  Load->MainFile = file;
   LeadOpenSeparatorsInto(world, SeparatorStack);
   SetWorld(world);
   MissingFiles.clear();
@@ -157,14 +159,23 @@ VRMLLoadResultTypes CVRMLParser::ReadScene() {
     if (ParseBlock()) result = VRMLLoadOK;
   }
   if (LastWarning != VRMLWarningNone && result == VRMLLoadOK) result = VRMLLoadWarnings;
+  if (!Load->MetGeometry) NoteNoGeometry();
+  Load->Root = nullptr;
   PopSeparator();
   IOManager.CloseFile();
   DetermineUnits();
   return result;
 }
 
+void CVRMLParser::NoteNoGeometry() {
+  const CBasicString prototype = Load->MetInstance ? CBasicString() : Load->LastPrototype;
+  const std::string name = qelvrml::Narrow(prototype.GetView()).value_or(std::string());
+  Notes->Add(VRMLNoteNoGeometry, name, [this] { return qelvrml::NotedPlace{Load->MainFile, 0}; });
+}
+
 // What a load has made before memory ran out, or a callback threw, enters the world in the unit of the file.
 void CVRMLParser::AbandonScene() {
+  Load->Root = nullptr;
   while (SeparatorStack.GetCount() > Load->EarlierScopes) {
     try {
       PopSeparator();
@@ -181,7 +192,9 @@ void CVRMLParser::AbandonScene() {
 void CVRMLParser::OpenRoot() {
   const qelvrml::ScopedValue<CBasicString> noName(EntityName, CBasicString());
   const qelvrml::ScopedValue<bool> noEntry(AllowDictionaryUpdate, false);
-  if (DefineSeparator()) CurrentSeparator->SetGroup(World);
+  if (!DefineSeparator()) return;
+  CurrentSeparator->SetGroup(World);
+  Load->Root = CurrentSeparator;
 }
 
 const std::vector<CVRMLNote>& CVRMLParser::GetNotes() const { return Notes->GetNotes(); }

@@ -392,6 +392,7 @@ private:
   VRMLLoadResultTypes ReadScene();
   void AbandonScene();
   void OpenRoot();
+  void NoteNoGeometry();
   template <class Unpack>
   bool DecompressFile(const CBasicString& path, Unpack unpack);
 

@@ -1,10 +1,13 @@
 // The node dispatcher: reads one statement and hands it to the parse operation of its node.
 
 #include <array>
+#include <cstdint>
+#include <string_view>
 
 #include "qelvrml/dictionary/Recording.h"
 #include "qelvrml/foundation/ScopedValue.h"
 #include "qelvrml/parser/load/LoadState.h"
+#include "qelvrml/parser/load/Notes.h"
 #include "qelvrml/parser/load/ParserInternals.h"
 #include "qelvrml/parser/reading/NodeReader.h"
 #include "qelvrml/parser/reading/PassingOver.h"
@@ -75,6 +78,37 @@ NodeParser FindNodeParser(VRMLTokenTypes type) {
   return type < NodeParserOfToken.size() ? NodeParserOfToken[type] : nullptr;
 }
 
+bool IsGeometry(VRMLTokenTypes type) {
+  switch (type) {
+    case VRMLTokenBOX:
+    case VRMLTokenCONE:
+    case VRMLTokenCUBE:
+    case VRMLTokenCYLINDER:
+    case VRMLTokenSPHERE:
+    case VRMLTokenINDEXEDFACESET:
+    case VRMLTokenINDEXEDLINESET:
+    case VRMLTokenPOINTSET:
+    case VRMLTokenELEVATIONGRID:
+    case VRMLTokenEXTRUSION:
+    case VRMLTokenTRIANGLESTRIPSET: return true;
+    default: return false;
+  }
+}
+
+// All but statements without braces of their own, and a Switch, which may leave them to the block around it. An info is
+// a field, too.
+bool EndsOnBrace(VRMLTokenTypes type) {
+  switch (type) {
+    case VRMLTokenINFO:
+    case VRMLTokenUSE:
+    case VRMLTokenPROTO:
+    case VRMLTokenEXTERNPROTO:
+    case VRMLTokenProtoUse:
+    case VRMLTokenSWITCH: return false;
+    default: return true;
+  }
+}
+
 // Whether the node opens a separator; a Switch finds out by itself.
 bool OpensSeparator(VRMLTokenTypes type, VRMLVersionTypes version) {
   switch (type) {
@@ -115,10 +149,39 @@ bool ParseGroupKeyword(CVRMLParser& parser, int& depth) {
   return true;
 }
 
+// Words that mean nothing here; those in front of a { are nodes.
+void PassOverWords(CVRMLParser& parser) {
+  while (parser.GetCurrentTokenType() == VRMLTokenUnknown) {
+    if (parser.GetNextTokenType() == VRMLTokenOpenBrace) qelvrml::NoteNode(parser, VRMLNoteUnknownNode);
+    parser.Tokenize();
+  }
+}
+
+// Calls a parse operation, and notes what it fails to do: to add an object, if the node is a geometry, and to end on
+// the node's }, if it is to.
+bool ParseWatched(CVRMLParser& parser, VRMLTokenTypes type, NodeParser parse) {
+  qelvrml::LoadState& load = qelvrml::ParserInternals::Load(parser);
+  const std::uint64_t added = load.ObjectsAdded;
+  const std::string_view name = parser.GetIOManager()->GetCurrentTokenText();
+  const char* place = parser.GetIOManager()->GetCurrentPlace();
+  const bool hasScope = parser.GetCurrentSeparator() != nullptr;  // else most operations do nothing
+  const bool result = (parser.*parse)();
+  if (parser.GetSkippingBlock()) return result;
+  if (IsGeometry(type)) {
+    load.MetGeometry = true;
+    if (load.ObjectsAdded == added) qelvrml::Note(parser, VRMLNoteEmptyGeometry, name, place);
+  }
+  if (hasScope && EndsOnBrace(type) && !qelvrml::NodeReader(parser).AtNodeEnd()) {
+    qelvrml::Note(parser, VRMLNoteLostEnd, name, place);
+  }
+  return result;
+}
+
 bool ParseNode(CVRMLParser& parser, VRMLTokenTypes type, NodeParser parse) {
   if (!CanReadStatement(parser)) return qelvrml::PassOverUnpaid(parser);
   const bool unopened = OpensSeparator(type, parser.GetVersion()) && qelvrml::AtOpenSeparatorLimit(parser);
-  return unopened ? qelvrml::PassOverUnopened(parser) : (parser.*parse)();
+  if (unopened) return qelvrml::PassOverUnopened(parser);
+  return ParseWatched(parser, type, parse);
 }
 
 // Handles the statement at the current token; true if it is the last one of the block.
@@ -141,6 +204,8 @@ bool Dispatch(CVRMLParser& parser, bool& result, int& depth) {
   }
   if (const NodeParser parse = FindNodeParser(type)) {
     result = ParseNode(parser, type, parse);
+  } else if (type == VRMLTokenUnknown && parser.GetNextTokenType() == VRMLTokenOpenBrace) {
+    qelvrml::NoteNodeAndName(parser, VRMLNoteUnknownNode);
   }
   return false;
 }
@@ -151,6 +216,7 @@ bool CVRMLParser::ParseBlock() {
   const qelvrml::LoadRun run(*this);
   const qelvrml::ScopedValue<int> nesting(Load->Nesting, Load->Nesting + 1);
   if (Load->Nesting > qelvrml::MaximumNesting) {
+    qelvrml::Note(*this, VRMLNoteLimit, qelvrml::limits::Nesting);
     qelvrml::PassOverStatement(*this);
     return false;
   }
@@ -159,7 +225,7 @@ bool CVRMLParser::ParseBlock() {
 
   int depth = 0;  // VRML 1.0 separators that this call has opened and not yet closed
   for (bool done = false; result && !done;) {
-    MoveUpToInterestingToken();
+    PassOverWords(*this);
     ReadDefinedName(*this);
     done = Dispatch(*this, result, depth);
     done = !Tokenize() || done || depth <= 0;

@@ -14,6 +14,7 @@
 #include "qelvrml/foundation/Numbers.h"
 #include "qelvrml/parser/load/Budget.h"
 #include "qelvrml/parser/load/LoadState.h"
+#include "qelvrml/parser/load/Notes.h"
 #include "qelvrml/parser/load/ParserInternals.h"
 #include "qelvrml/parser/reading/NodeReader.h"
 #include "qelvrml/parser/reading/PassingOver.h"
@@ -73,13 +74,20 @@ int RegisterAs(CVRMLParser& parser, std::unique_ptr<CKelTexture> texture, const 
 int LoadTexture(CVRMLParser& parser, CKelFileInterface& file, const CBasicString& path) {
   ParserInternals::Load(parser).Made.AddInput(static_cast<std::uint64_t>(file.GetFileSize()));
   std::unique_ptr<CKelTexture> texture(new (std::nothrow) CKelTexture);
-  if (!texture || !file.ReadNextBlockFromFile()) return -1;
+  if (!texture) return -1;
+  if (!file.ReadNextBlockFromFile()) {
+    qelvrml::NoteName(parser, VRMLNoteRefusedFile, path);
+    return -1;
+  }
   const std::shared_ptr<const qelvrml::FileText> block = file.GetBlock();
   qelvrml::Image image =
       qelvrml::DecodeImage({block->begin(), block->GetSize()}, CKelTexture::MostPixels, [&](std::uint64_t pixels) {
         return qelvrml::CanMake(parser, {.Pixels = pixels, .Steps = pixels * qelvrml::StepsOfADecodedPixel});
       });
-  if (!image.Pixels) return -1;
+  if (!image.Pixels) {
+    qelvrml::NoteName(parser, VRMLNoteRefusedFile, path);
+    return -1;
+  }
   texture->SetImage(std::move(image.Pixels), image.Width, image.Height);
   return RegisterAs(parser, std::move(texture), path);
 }
@@ -116,7 +124,7 @@ int TextureInHostFolders(CVRMLParser& parser, const qelvrml::FileReference& url)
   auto& byUrl = ImagesOf(parser).ByUrl;
   const auto place = byUrl.find(name);
   if (place != byUrl.end()) return place->second;
-  if (!ParserInternals::Load(parser).AskForFile()) return -1;
+  if (!qelvrml::AskForFile(parser)) return -1;
   if (!qelvrml::CanMake(parser, {.Steps = qelvrml::StepsOfASubfile})) return -1;
   const std::vector<CBasicString> candidates = parser.GetTextureManager()->GetAlternatePathsOf(url.Name);
   std::optional<int> id;
@@ -134,7 +142,7 @@ int FindTexture(CVRMLParser& parser, const CBasicString& hostPath, const qelvrml
   const CBasicString path(qelvrml::LowerAscii(hostPath.GetView()));
   if (path.GetLength() > 0 && path.GetLength() <= qelvrml::MaximumNameLength) {
     const bool known = parser.GetTextureManager()->GetTexture(path) != nullptr;
-    if (!known && !ParserInternals::Load(parser).AskForFile()) return -1;
+    if (!known && !qelvrml::AskForFile(parser)) return -1;
     if (const std::optional<int> id = TextureAt(parser, path)) return *id;
   }
   return TextureInHostFolders(parser, url);
@@ -209,6 +217,7 @@ bool CVRMLParser::ParsePixelTexture() {
   TextureWrapTypes wrapS = TextureWrapRepeat;
   TextureWrapTypes wrapT = TextureWrapRepeat;
   std::unique_ptr<CKelTexture> texture(new (std::nothrow) CKelTexture);
+  const char* place = IOManager.GetCurrentPlace();
   NodeReader reader(*this);
   reader.StepOver({VRMLTokenOpenBrace, VRMLTokenPIXELTEXTURE});
   reader.ForEachFieldUpToEnd([&](VRMLTokenTypes keyword) {
@@ -216,7 +225,10 @@ bool CVRMLParser::ParsePixelTexture() {
     ParseImageField(*this, image, texture.get());
   });
   if (!texture || !image.CanBeMade) return false;
-  if (image.Width <= 0 || image.Height <= 0 || image.Components < FewestComponents) return false;
+  if (image.Width <= 0 || image.Height <= 0 || image.Components < FewestComponents) {
+    if (!SkippingBlock) qelvrml::Note(*this, VRMLNoteDroppedNode, "PixelTexture", place);
+    return false;
+  }
   const int id = GetTextureManager()->RegisterTexture(texture.get());
   if (id == -1) return false;
   texture.release();

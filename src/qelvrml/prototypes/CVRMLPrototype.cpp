@@ -8,6 +8,7 @@
 
 #include "qelvrml/parser/CVRMLIOManager.h"
 #include "qelvrml/prototypes/FieldIndex.h"
+#include "qelvrml/prototypes/InstanceFields.h"
 #include "qelvrml/prototypes/InstanceMerge.h"
 
 namespace {
@@ -112,26 +113,7 @@ bool CVRMLPrototype::CreateInstanceText(const char* text, int length, char** res
 }
 
 bool CVRMLPrototype::ParseInstanceFields(const char* text, int length, CKelList& list) {
-  CVRMLIOManager tokens;
-  if (!tokens.StartBufferReading(text, length)) return false;
-  qelvrml::FieldIndex fields(Fields);
-  if (tokens.GetCurrentTokenBeginType()) tokens.Tokenize();
-  while (tokens.GetCurrentTokenType() != VRMLTokenEndOfFile) {
-    const CBasicString name(tokens.GetCurrentTokenText());
-    tokens.Tokenize();
-    const CVRMLPrototypeField* field = fields.Find(name.GetView());
-    if (!field) continue;
-    char* value = nullptr;
-    int valueLength = 0;
-    tokens.CaptureFieldText(&value, &valueLength, field->GetType(), this);
-    CBasicAllocatedText owned(value);
-    std::unique_ptr<CVRMLPrototypeField> given(CreateField(name, field->GetType(), value, valueLength));
-    if (!given) continue;
-    owned.release();
-    if (list.AddTail(given.get())) given.release();
-  }
-  tokens.StopBufferReading();
-  return true;
+  return qelvrml::ReadInstanceFields(*this, text, length, list, [](VRMLNoteTypes, std::string_view) {});
 }
 
 void CVRMLPrototype::MarkOverriddenFields(CKelList& list) {

@@ -46,8 +46,9 @@ BodyTemplate::BodyTemplate(const char* text, int length) {
   }
 }
 
-InstanceMerge::InstanceMerge(CVRMLPrototype& prototype, const char* text, int length) : Prototype(prototype) {
-  if (text) Prototype.ParseInstanceFields(text, length, Values);
+InstanceMerge::InstanceMerge(CVRMLPrototype& prototype, const char* text, int length, const VainFieldHandler& inVain)
+    : Prototype(prototype) {
+  if (text) ReadInstanceFields(Prototype, text, length, Values, inVain);
   Prototype.MarkOverriddenFields(Values);
   Measure();
 }

@@ -8,6 +8,7 @@
 #include "qelvrml/foundation/CBasicString.h"
 #include "qelvrml/platform/brixex/CKelList.h"
 #include "qelvrml/prototypes/CVRMLPrototype.h"
+#include "qelvrml/prototypes/InstanceFields.h"
 
 namespace qelvrml {
 
@@ -35,7 +36,9 @@ private:
 class InstanceMerge {
 public:
   /// `text` is the captured text of the instance, or null.
-  InstanceMerge(CVRMLPrototype& prototype, const char* text, int length);
+  InstanceMerge(
+      CVRMLPrototype& prototype, const char* text, int length,
+      const VainFieldHandler& inVain = [](VRMLNoteTypes, std::string_view) {});
   InstanceMerge(const InstanceMerge&) = delete;
   InstanceMerge& operator=(const InstanceMerge&) = delete;
   ~InstanceMerge() = default;

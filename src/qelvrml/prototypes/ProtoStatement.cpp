@@ -9,6 +9,9 @@
 
 #include "qelvrml/files/Subfiles.h"
 #include "qelvrml/parser/load/Budget.h"
+#include "qelvrml/parser/load/LoadState.h"
+#include "qelvrml/parser/load/Notes.h"
+#include "qelvrml/parser/load/ParserInternals.h"
 #include "qelvrml/parser/reading/NodeReader.h"
 #include "qelvrml/prototypes/CVRMLPrototype.h"
 
@@ -47,36 +50,57 @@ void ParseInterface(CVRMLParser& parser, CVRMLPrototype& prototype) {
   }
 }
 
-}  // namespace
-
-bool CVRMLParser::ParseProto() {
-  if (!CurrentSeparator || SkippingBlock) return false;
-
-  NodeReader(*this).StepOver({VRMLTokenPROTO});
-  CBasicString name;
-  if (GetCurrentTokenType() == VRMLTokenUnknown) {
-    name = CBasicString(IOManager.GetCurrentTokenText());
-    Tokenize();
+// The name behind the keyword; a word that means something else stays where it is, and the prototype has none.
+CBasicString TakePrototypeName(CVRMLParser& parser) {
+  const NodeReader reader(parser);
+  if (reader.Is(VRMLTokenUnknown)) {
+    CBasicString name(reader.Text());
+    parser.Tokenize();
+    return name;
   }
-  MoveUpToInterestingToken();
+  if (parser.GetCurrentTokenDataType() == GenericTokenUserDefined) {
+    qelvrml::Note(parser, VRMLNoteNamelessPrototype, reader.Text());
+  }
+  return {};
+}
+
+bool DeclarePrototype(CVRMLParser& parser, const CBasicString& name) {
   std::unique_ptr<CVRMLPrototype> prototype(new (std::nothrow) CVRMLPrototype);
   if (!prototype) return false;
   prototype->SetName(name);
-  ParseInterface(*this, *prototype);
-  Tokenize();
-  MoveUpToInterestingToken();
-  if (GetCurrentTokenType() != VRMLTokenOpenBrace) return false;
+  ParseInterface(parser, *prototype);
+  parser.Tokenize();
+  parser.MoveUpToInterestingToken();
+  if (parser.GetCurrentTokenType() != VRMLTokenOpenBrace) return false;
 
   char* body = nullptr;
   int length = 0;
-  IOManager.CaptureBlockText(&body, &length, false);
+  parser.GetIOManager()->CaptureBlockText(&body, &length, false);
   prototype->SetBodyText(body);
   prototype->SetBodyLength(length);
   const std::uint64_t steps = static_cast<std::uint64_t>(std::max(length, 0)) * qelvrml::StepsOfACapturedByte;
-  if (!qelvrml::CanMake(*this, {.Objects = 1, .Steps = steps})) return false;
-  if (!AddPrototypeToDictionary(prototype.get())) return false;
+  if (!qelvrml::CanMake(parser, {.Objects = 1, .Steps = steps})) return false;
+  if (!parser.AddPrototypeToDictionary(prototype.get())) return false;
   prototype.release();
+  qelvrml::ParserInternals::Load(parser).LastPrototype = name;
   return true;
+}
+
+}  // namespace
+
+bool CVRMLParser::ParseProto() {
+  if (SkippingBlock) return false;
+  if (!CurrentSeparator) {
+    qelvrml::Note(*this, VRMLNoteDroppedPrototype, IOManager.GetNextTokenText());
+    return false;
+  }
+  const char* place = IOManager.GetCurrentPlace();
+  NodeReader(*this).StepOver({VRMLTokenPROTO});
+  const CBasicString name = TakePrototypeName(*this);
+  MoveUpToInterestingToken();
+  if (DeclarePrototype(*this, name)) return true;
+  qelvrml::NoteName(*this, VRMLNoteDroppedPrototype, name, place);
+  return false;
 }
 
 // The statement reads the named file in place: the prototypes that the file declares count, and its nodes become part

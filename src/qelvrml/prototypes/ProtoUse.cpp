@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -10,6 +11,7 @@
 #include "qelvrml/dictionary/Recording.h"
 #include "qelvrml/foundation/ScopedValue.h"
 #include "qelvrml/parser/load/LoadState.h"
+#include "qelvrml/parser/load/Notes.h"
 #include "qelvrml/parser/load/ParserInternals.h"
 #include "qelvrml/parser/reading/InputFrame.h"
 #include "qelvrml/prototypes/CVRMLPrototype.h"
@@ -50,20 +52,73 @@ private:
   bool Suspends = false;
 };
 
+/// An instance, as it stands in a text.
+struct Instance {
+  const CBasicString& Prototype;
+  const char* Text;   ///< captured; may be null
+  int Length;         ///< of the text
+  const char* Place;  ///< where it begins in the text at hand; null for the current token
+};
+
 // Reads the nodes of an instance in the place of the file's text.
-void ReadExpandedText(CVRMLParser& parser, const char* text, int length) {
+void ReadExpandedText(CVRMLParser& parser, const std::vector<char>& text, int length, const char* place) {
   const qelvrml::InputFrame frame(parser);
   CVRMLIOManager& tokens = *parser.GetIOManager();
-  tokens.StartBufferReading(text, length);
+  tokens.StartBufferReading(text.data(), length, place);
   qelvrml::MarkPrototypeNames(parser);
   while (parser.GetCurrentTokenType() != VRMLTokenEndOfFile) parser.ParseBlock();
   tokens.StopBufferReading();
+}
+
+// The merge itself takes time, so an instance pays for its own text and the prototype's parts ahead of it.
+bool CanMerge(CVRMLParser& parser, CVRMLPrototype& prototype, std::uint64_t ownText) {
+  const std::uint64_t parts =
+      static_cast<std::uint64_t>(prototype.GetFields().GetCount()) + prototype.GetBodyTemplate().GetPieces().size();
+  return qelvrml::CanMake(parser,
+                          {.Steps = ownText * qelvrml::StepsOfACapturedByte + parts * qelvrml::StepsOfAMergedField});
+}
+
+bool Expand(CVRMLParser& parser, CVRMLPrototype& prototype, const Instance& instance) {
+  const auto ownText = static_cast<std::uint64_t>(instance.Text ? std::max(instance.Length, 0) : 0);
+  if (!CanMerge(parser, prototype, ownText)) return false;
+  const auto noteField = [&](VRMLNoteTypes kind, std::string_view field) {
+    const char* name = instance.Prototype.GetNarrowText();
+    qelvrml::Note(parser, kind, std::string(name ? name : "").append(".").append(field), instance.Place);
+  };
+  qelvrml::InstanceMerge merge(prototype, instance.Text, instance.Length, noteField);
+  const std::uint64_t merged = merge.GetLength();
+  if (merged > static_cast<std::uint64_t>(std::numeric_limits<int>::max())) return false;
+  if (!qelvrml::CanMake(parser, {.Replays = 1, .ExpandedText = merged})) return false;
+  std::vector<char> expanded(std::max<std::size_t>(merged, 1));
+  merge.Write(expanded.data());
+
+  qelvrml::LoadState& load = qelvrml::ParserInternals::Load(parser);
+  const qelvrml::ScopedValue<int> expansions(load.Expansions, load.Expansions + 1);
+  const qelvrml::ScopedValue<int> rereading(load.Rereading, load.Rereading + 1);
+  const RecordedInstance recorded(parser, instance.Prototype, {instance.Text, static_cast<std::size_t>(ownText)});
+  ReadExpandedText(parser, expanded, static_cast<int>(merged), instance.Place);
+  return true;
+}
+
+bool DefineInstance(CVRMLParser& parser, const Instance& instance) {
+  if (!parser.GetCurrentSeparator() || parser.GetSkippingBlock()) return false;
+  const qelvrml::LoadRun run(parser);
+  CVRMLPrototype* prototype = parser.FindPrototype(instance.Prototype);
+  if (!prototype) return false;
+  qelvrml::LoadState& load = qelvrml::ParserInternals::Load(parser);
+  load.MetInstance = true;
+  if (load.Expansions >= qelvrml::MaximumExpansions) {
+    qelvrml::Note(parser, VRMLNoteLimit, qelvrml::limits::Expansions, instance.Place);
+    return false;
+  }
+  return !prototype->HasBody() || Expand(parser, *prototype, instance);
 }
 
 }  // namespace
 
 bool CVRMLParser::ParseProtoUse() {
   if (!CurrentSeparator) return false;
+  const char* place = IOManager.GetCurrentPlace();
   CVRMLPrototype* prototype = FindPrototype(CBasicString(IOManager.GetCurrentTokenText()));
   Tokenize();
   if (!prototype) return false;
@@ -71,32 +126,9 @@ bool CVRMLParser::ParseProtoUse() {
   int length = 0;
   IOManager.CaptureBlockText(&text, &length, false);
   const CBasicAllocatedText owned(text);
-  return DefineProtoUse(prototype->GetName(), text, length);
+  return DefineInstance(*this, {prototype->GetName(), text, length, place});
 }
 
 bool CVRMLParser::DefineProtoUse(const CBasicString& name, const char* text, int length) {
-  if (!CurrentSeparator || SkippingBlock) return false;
-  const qelvrml::LoadRun run(*this);
-  CVRMLPrototype* prototype = FindPrototype(name);
-  if (!prototype || Load->Expansions >= qelvrml::MaximumExpansions) return false;
-  if (!prototype->HasBody()) return true;
-
-  // The merge itself takes time, so the instance pays for its own text and the prototype's parts ahead of it.
-  const auto ownText = static_cast<std::uint64_t>(text ? std::max(length, 0) : 0);
-  const std::uint64_t parts =
-      static_cast<std::uint64_t>(prototype->GetFields().GetCount()) + prototype->GetBodyTemplate().GetPieces().size();
-  const std::uint64_t steps = ownText * qelvrml::StepsOfACapturedByte + parts * qelvrml::StepsOfAMergedField;
-  if (!qelvrml::CanMake(*this, {.Steps = steps})) return false;
-  qelvrml::InstanceMerge merge(*prototype, text, length);
-  const std::uint64_t merged = merge.GetLength();
-  if (merged > static_cast<std::uint64_t>(std::numeric_limits<int>::max())) return false;
-  if (!qelvrml::CanMake(*this, {.Replays = 1, .ExpandedText = merged})) return false;
-  std::vector<char> expanded(std::max<std::size_t>(merged, 1));
-  merge.Write(expanded.data());
-
-  const qelvrml::ScopedValue<int> expansions(Load->Expansions, Load->Expansions + 1);
-  const qelvrml::ScopedValue<int> rereading(Load->Rereading, Load->Rereading + 1);
-  const RecordedInstance recorded(*this, name, {text, static_cast<std::size_t>(ownText)});
-  ReadExpandedText(*this, expanded.data(), static_cast<int>(merged));
-  return true;
+  return DefineInstance(*this, {name, text, length, nullptr});
 }

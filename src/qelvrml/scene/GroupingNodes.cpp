@@ -99,6 +99,7 @@ bool CVRMLParser::ParseCollision() {
   NodeReader(*this).StepOver({VRMLTokenOpenBrace, VRMLTokenCOLLISION});
   qelvrml::OpenNodeScope(*this);
   while (GetCurrentTokenType() != VRMLTokenCloseBrace) {
+    NodeReader(*this).LookForNode();
     if (ParseCollisionField(*this, result) && !Tokenize()) break;
   }
   PopSeparator();

@@ -3,6 +3,8 @@
 #include <memory>
 
 #include "qelvrml/parser/CVRMLParser.h"
+#include "qelvrml/parser/load/LoadState.h"
+#include "qelvrml/parser/load/ParserInternals.h"
 
 namespace {
 
@@ -15,6 +17,7 @@ bool PlaceObject(CVRMLParser& parser, brixBaseObject* object, Choice... choice) 
   parser.SetupObjectAdd(object);
   if (!parser.GetCurrentSeparator()->AddObject(object, choice...)) return false;
   owned.release();
+  ++qelvrml::ParserInternals::Load(parser).ObjectsAdded;
   return true;
 }
 

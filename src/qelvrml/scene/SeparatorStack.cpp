@@ -5,6 +5,7 @@
 
 #include "qelvrml/dictionary/CVRMLDictionarySeparator.h"
 #include "qelvrml/parser/load/LoadState.h"
+#include "qelvrml/parser/load/Notes.h"
 #include "qelvrml/parser/load/ParserInternals.h"
 #include "qelvrml/parser/reading/NodeReader.h"
 #include "qelvrml/scene/Scopes.h"
@@ -13,7 +14,9 @@ namespace qelvrml {
 
 bool AtOpenSeparatorLimit(CVRMLParser& parser) {
   const int earlier = ParserInternals::Load(parser).EarlierScopes;
-  return parser.GetSeparatorStack()->GetCount() - earlier >= MaximumOpenSeparators;
+  const bool reached = parser.GetSeparatorStack()->GetCount() - earlier >= MaximumOpenSeparators;
+  if (reached) Note(parser, VRMLNoteLimit, limits::OpenScopes);
+  return reached;
 }
 
 bool OpenNodeScope(CVRMLParser& parser) {
@@ -80,6 +83,10 @@ bool CVRMLParser::PushSeparator(CVRMLSeparator* separator) {
 bool CVRMLParser::PopSeparator() {
   if (!CurrentSeparator) return false;
   const std::unique_ptr<CVRMLSeparator> closing(CurrentSeparator);
+  if (closing.get() == Load->Root) {
+    if (!qelvrml::IsAtEndOfScene(*this)) qelvrml::Note(*this, VRMLNoteRootClosed, std::string_view());
+    Load->Root = nullptr;
+  }
   SeparatorStack.RemoveHead();
   auto* parent = static_cast<CVRMLSeparator*>(SeparatorStack.GetHead());
   CurrentSeparator = parent;

@@ -44,11 +44,12 @@ bool CVRMLParser::ParseShape() {
     if (keyword == VRMLTokenGEOMETRY) SkipBlock(true);
   });
   qelvrml::GoBack(*this, start);
-  reader.WhileInNode([&](VRMLTokenTypes keyword) {
+  while (!reader.AtNodeEnd()) {  // what stands here was looked at before
+    const VRMLTokenTypes keyword = reader.Current();
     Tokenize();
     if (keyword == VRMLTokenAPPEARANCE || keyword == VRMLTokenTEXTURETRANSFORM) SkipBlock(true);
     if (keyword == VRMLTokenGEOMETRY) result = ParseShapeGeometry(*this);
-  });
+  }
   PopSeparator();
   return result;
 }

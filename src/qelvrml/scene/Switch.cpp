@@ -5,6 +5,7 @@
 //   Switch { ... }                            a separator with all its children
 
 #include "qelvrml/foundation/Numbers.h"
+#include "qelvrml/parser/load/Notes.h"
 #include "qelvrml/parser/reading/NodeReader.h"
 #include "qelvrml/parser/reading/PassingOver.h"
 #include "qelvrml/scene/Scopes.h"
@@ -13,24 +14,27 @@ using qelvrml::NodeReader;
 
 namespace {
 
-// Reads the list of children and ends on the node's }.
-void ParseChosenChild(CVRMLParser& parser, int chosen) {
+// Reads the list of children and ends on the node's }. False if none of them was chosen.
+bool ParseChosenChild(CVRMLParser& parser, int chosen) {
   parser.Tokenize();
   const NodeReader reader(parser);
-  for (int i = 0; !reader.AtListEnd(); ++i) {
-    if (i == chosen) {
+  int count = 0;
+  for (; !reader.AtListEnd(); ++count) {
+    if (count == chosen) {
       parser.ParseBlock();
     } else {
       parser.SkipBlock(true);
     }
   }
   parser.Tokenize();
+  return chosen >= 0 && chosen < count;
 }
 
 }  // namespace
 
 bool CVRMLParser::ParseSwitch() {
   const qelvrml::ReadingMark start(*this);
+  const char* place = IOManager.GetCurrentPlace();
   NodeReader reader(*this);
   reader.StepToOpenBrace();
   int chosen = -1;
@@ -49,6 +53,8 @@ bool CVRMLParser::ParseSwitch() {
   }
   Tokenize();
   if (!hasIndex || !reader.Is(VRMLTokenOpenBracket)) return ParseBlock();
-  ParseChosenChild(*this, chosen);
+  if (!ParseChosenChild(*this, chosen) && !SkippingBlock) {
+    qelvrml::Note(*this, VRMLNoteNothingChosen, "Switch", place);
+  }
   return true;
 }

@@ -1,6 +1,7 @@
 #include "qelvrml/parser/load/Budget.h"
 
 #include "qelvrml/parser/load/LoadState.h"
+#include "qelvrml/parser/load/Notes.h"
 #include "qelvrml/parser/load/ParserInternals.h"
 
 namespace qelvrml {
@@ -16,12 +17,16 @@ bool CanMake(CVRMLParser& parser, const Making& making) {
                               making.Points * StepsOfAPoint + making.Indices * StepsOfAnIndex +
                               making.Replays * StepsOfAReplay + making.ExpandedText * StepsOfAnExpandedByte +
                               making.Steps;
-  return !load.Running || load.Made.Spend(bytes, steps);
+  if (!load.Running || load.Made.Spend(bytes, steps)) return true;
+  Note(parser, VRMLNoteLimit, load.Made.HasBytes(bytes) ? limits::Time : limits::Memory);
+  return false;
 }
 
 bool PayForSteps(CVRMLParser& parser, std::uint64_t steps) {
   LoadState& load = ParserInternals::Load(parser);
-  return !load.Running || load.Made.SpendDone(steps);
+  if (!load.Running || load.Made.SpendDone(steps)) return true;
+  Note(parser, VRMLNoteLimit, limits::Time);
+  return false;
 }
 
 }  // namespace qelvrml

@@ -23,6 +23,8 @@ public:
     return true;
   }
 
+  bool HasBytes(std::uint64_t bytes) const { return bytes <= Bytes; }
+
   /// Takes steps that are done already, as far as there are any; false if there weren't enough.
   bool SpendDone(std::uint64_t steps) {
     const bool enough = steps <= Steps;

@@ -33,11 +33,17 @@ struct KnownImages {
 /// What one load knows. A LoadRun makes it new, and it ends with that.
 struct LoadState {
   bool Running = false;
+  CBasicString MainFile;  ///< as the host names it
   Budget Made;
-  int EarlierScopes = 0;  ///< those that were open before this load
-  int Nesting = 0;        ///< ParseBlock calls inside one another
-  int Expansions = 0;     ///< prototypes expanded inside one another
-  int Rereading = 0;      ///< texts inside one another that aren't read for the first time: instances, and files again
+  int EarlierScopes = 0;                 ///< those that were open before this load
+  const CVRMLSeparator* Root = nullptr;  ///< the scope of the whole file, while it is open
+  std::uint64_t ObjectsAdded = 0;        ///< to the model
+  bool MetGeometry = false;              ///< a node that makes objects, also if it made none
+  bool MetInstance = false;              ///< of a prototype
+  CBasicString LastPrototype;            ///< name of the last one that was declared
+  int Nesting = 0;                       ///< ParseBlock calls inside one another
+  int Expansions = 0;                    ///< prototypes expanded inside one another
+  int Rereading = 0;  ///< texts inside one another that aren't read for the first time: instances, and files again
 
   std::vector<CKelFileInterface::FileIdentity> FilesBeingRead;  ///< the main file, then the subfiles inside one another
   std::set<CKelFileInterface::FileIdentity> FilesRead;          ///< subfiles; their bytes count once

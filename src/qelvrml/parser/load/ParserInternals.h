@@ -12,6 +12,8 @@ struct ParserInternals {
   static NameIndexedList& Prototypes(CVRMLParser& parser) { return *parser.PrototypeDictionary; }
   static bool& SkippingBlock(CVRMLParser& parser) { return parser.SkippingBlock; }
   static bool& AllowDictionaryUpdate(CVRMLParser& parser) { return parser.AllowDictionaryUpdate; }
+  static NoteBook& Notes(CVRMLParser& parser) { return *parser.Notes; }
+  static const CBasicString& UnpackedFile(const CVRMLParser& parser) { return parser.TemporaryFilename; }
   static std::vector<CBasicString>& MissingFiles(CVRMLParser& parser) { return parser.MissingFiles; }
 };
 

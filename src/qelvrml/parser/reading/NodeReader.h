@@ -3,6 +3,7 @@
 #include <initializer_list>
 
 #include "qelvrml/parser/CVRMLParser.h"
+#include "qelvrml/parser/load/Notes.h"
 
 namespace qelvrml {
 
@@ -23,6 +24,11 @@ public:
   std::string_view Text() const { return Parser.GetIOManager()->GetCurrentTokenText(); }
   /// Whether a node is at its end: on its } or at the end of the input.
   bool AtNodeEnd() const { return Is(VRMLTokenCloseBrace) || Is(VRMLTokenEndOfFile); }
+  /// Whether the current token is a keyword, or a word that may be a name.
+  bool AtWord() const {
+    const GenericTokenTypes type = Parser.GetCurrentTokenDataType();
+    return type == GenericTokenOther || type == GenericTokenUserDefined;
+  }
   bool AtListEnd() const { return Is(VRMLTokenCloseBracket) || Is(VRMLTokenEndOfFile); }
 
   /// Passes over tokens of these types.
@@ -45,10 +51,15 @@ public:
   /// The reference at the current token, or behind the bracket there. Ends on it, or behind a ].
   FileReference TakeFirstUrl();
 
+  /// Notes a node that begins at the current token, where a field is looked for: its } will end the node at hand.
+  void LookForNode() {
+    if (Parser.GetNextTokenType() == VRMLTokenOpenBrace && AtWord()) NoteNode(Parser, VRMLNoteMisplacedNode);
+  }
   /// Calls `handle` for each token up to the node's }; a keyword's handler leaves the last token of its value current.
   template <class Handler>
   void ForEachField(Handler handle) {
     while (!Is(VRMLTokenCloseBrace)) {
+      LookForNode();
       handle(Current());
       if (!Parser.Tokenize()) break;
     }
@@ -57,6 +68,7 @@ public:
   template <class Handler>
   void ForEachFieldUpToEnd(Handler handle) {
     while (!Is(VRMLTokenCloseBrace)) {
+      LookForNode();
       handle(Current());
       if (!Is(VRMLTokenCloseBrace) && !Parser.Tokenize()) break;
     }
@@ -64,7 +76,10 @@ public:
   /// Calls `handle` until the node's } or the end of the input; it moves on by itself, by at least one token.
   template <class Handler>
   void WhileInNode(Handler handle) {
-    while (!AtNodeEnd()) handle(Current());
+    while (!AtNodeEnd()) {
+      LookForNode();
+      handle(Current());
+    }
   }
 
   /// Reads the statements of a list up to its ]; true if one of them gave true.

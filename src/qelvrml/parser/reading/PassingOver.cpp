@@ -3,6 +3,7 @@
 #include "qelvrml/foundation/ScopedValue.h"
 #include "qelvrml/parser/load/Budget.h"
 #include "qelvrml/parser/load/LoadState.h"
+#include "qelvrml/parser/load/Notes.h"
 #include "qelvrml/parser/load/ParserInternals.h"
 #include "qelvrml/parser/reading/NodeReader.h"
 #include "qelvrml/prototypes/PrototypeNames.h"
@@ -48,6 +49,7 @@ bool StepOverPassedStretch(CVRMLParser& parser, bool& result) {
 }
 
 bool PassOverNode(CVRMLParser& parser) {
+  NoteNodeAndName(parser, VRMLNoteDroppedNode);
   if (OpensBlock(parser)) parser.SkipBlock(false);
   return true;
 }
@@ -113,6 +115,7 @@ bool CVRMLParser::ParsePointLight() { return qelvrml::PassOverNode(*this); }
 bool CVRMLParser::ParseSpotLight() { return qelvrml::PassOverNode(*this); }
 
 bool CVRMLParser::ParseInfo() {
+  qelvrml::NoteNodeAndName(*this, VRMLNoteDroppedNode);
   Tokenize();
   if (GetCurrentTokenType() == VRMLTokenOpenBracket) {
     SkipArray(false);

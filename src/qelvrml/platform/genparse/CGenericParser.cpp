@@ -243,6 +243,16 @@ std::size_t CGenericParser::GetBytesLeft() const {
   return Reading.Source ? static_cast<std::size_t>(Reading.Source->End - Reading.Position) : 0;
 }
 
+int CGenericParser::GetFileLineOf(const char* place) const {
+  const TokenSource* file = Reading.Source.get();
+  if (file && file->IsBuffer) {
+    place = file->PlaceBelow;
+    file = file->Below.get();
+  }
+  if (!file || !place || place < file->Text->begin() || place > file->End) return 0;
+  return Saturate(static_cast<std::size_t>(file->Lines.GetLineOf(place)));
+}
+
 int CGenericParser::GetCurrentFileOffset() const {
   if (!Reading.Source) return 0;
   if (Reading.Source->IsBuffer) return Saturate(Reading.Source->OffsetBelow);
@@ -290,12 +300,19 @@ bool CGenericParser::RestoreIOState(const CGenericIOState& state) {
   return true;
 }
 
-bool CGenericParser::StartBufferReading(const char* text, int length) {
+bool CGenericParser::StartBufferReading(const char* text, int length, const char* place) {
   if (!text || length < 0) return false;
   auto block = std::make_shared<const FileText>(std::string_view(text, static_cast<std::size_t>(length)));
   auto source = std::make_shared<TokenSource>(std::move(block), true);
   source->OffsetBelow = static_cast<std::size_t>(GetCurrentFileOffset());
   source->SizeBelow = static_cast<std::size_t>(GetTotalFileSize());
+  if (Reading.Source && Reading.Source->IsBuffer) {
+    source->Below = Reading.Source->Below;
+    source->PlaceBelow = Reading.Source->PlaceBelow;
+  } else {
+    source->Below = Reading.Source;
+    source->PlaceBelow = place ? place : GetCurrentPlace();
+  }
   Reading.Source = std::move(source);
   ClearMilestone();
   return SetToStartOfBuffer();

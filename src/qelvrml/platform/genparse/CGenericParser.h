@@ -121,6 +121,10 @@ public:
   /// Of the text, those behind the next token.
   std::size_t GetBytesLeft() const;
 
+  /// Line of the file, from 1 on, of a place that GetCurrentPlace has given; in a buffer, of the place that the buffer
+  /// is read for. 0 where there is no file.
+  int GetFileLineOf(const char* place) const;
+
   /// Reading position and size of the file in bytes, also while a buffer is read; they saturate at the largest int.
   int GetCurrentFileOffset() const;
   int GetTotalFileSize() const;
@@ -131,8 +135,9 @@ public:
   bool RestoreIOState(const CGenericIOState& state);
 
   /// Reads on from a copy of `text`, whose first token is current and whose second is next afterwards. False for a null
-  /// text or a negative length.
-  bool StartBufferReading(const char* text, int length);
+  /// text or a negative length. The buffer is read for the place of the text at hand that is given, as GetCurrentPlace
+  /// gives it, or for the current token.
+  bool StartBufferReading(const char* text, int length, const char* place = nullptr);
   /// Ends the reading of a buffer: the input is at its end until a snapshot is restored. False if none is being read.
   bool StopBufferReading();
   /// Starts the buffer anew.

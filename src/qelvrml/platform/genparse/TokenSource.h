@@ -10,6 +10,7 @@
 #include "qelvrml/platform/fileint/FileText.h"
 #include "qelvrml/platform/genparse/CGenericToken.h"
 #include "qelvrml/platform/genparse/Characters.h"
+#include "qelvrml/platform/genparse/LineCounter.h"
 
 namespace qelvrml {
 
@@ -33,7 +34,8 @@ struct TokenSource {
       : Text(std::move(text)),
         End(Text->end()),
         IsBuffer(isBuffer),
-        Classes(isBuffer ? BufferCharacters : FileCharacters) {}
+        Classes(isBuffer ? BufferCharacters : FileCharacters),
+        Lines(Text->begin()) {}
 
   const std::shared_ptr<const FileText> Text;
   const char* const End;  ///< of the text
@@ -42,6 +44,10 @@ struct TokenSource {
   const std::uint64_t Number = NextNumber();  ///< no other text of the process has it
   std::size_t OffsetBelow = 0;                ///< of a buffer: the reading position in the file below it
   std::size_t SizeBelow = 0;                  ///< of a buffer: the size of that file
+  std::shared_ptr<const TokenSource> Below;   ///< of a buffer: the text of that file; null for none
+  const char* PlaceBelow = nullptr;           ///< of a buffer: the place in that text that it is read for
+
+  mutable LineCounter Lines;
 
   /// Behind which character the block ends that opens at a character; only for longer blocks.
   mutable std::unordered_map<const char*, const char*> BlockEnds;

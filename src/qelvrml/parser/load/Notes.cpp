@@ -1,0 +1,53 @@
+#include "qelvrml/parser/load/Notes.h"
+
+#include <new>
+#include <string>
+
+#include "qelvrml/foundation/TextConversion.h"
+#include "qelvrml/parser/load/LoadState.h"
+#include "qelvrml/parser/load/NoteBook.h"
+#include "qelvrml/parser/load/ParserInternals.h"
+
+namespace qelvrml {
+namespace {
+
+// An unpacked file goes by the name of the packed one.
+CBasicString NotedFile(CVRMLParser& parser) {
+  const LoadState& load = ParserInternals::Load(parser);
+  const CBasicString& file = parser.GetIOManager()->GetFilename();
+  return load.Running && file == ParserInternals::UnpackedFile(parser) ? load.MainFile : file;
+}
+
+}  // namespace
+
+void Note(CVRMLParser& parser, VRMLNoteTypes kind, std::string_view name, const char* place) noexcept {
+  const CVRMLIOManager& tokens = *parser.GetIOManager();
+  ParserInternals::Notes(parser).Add(kind, name, [&]() -> NotedPlace {
+    return {NotedFile(parser), tokens.GetFileLineOf(place ? place : tokens.GetCurrentPlace())};
+  });
+}
+
+void NoteName(CVRMLParser& parser, VRMLNoteTypes kind, const CBasicString& name, const char* place) noexcept {
+  try {
+    Note(parser, kind, std::string_view(Narrow(name.GetView()).value_or(std::string())), place);
+  } catch (const std::bad_alloc&) {
+    Note(parser, kind, std::string_view(), place);
+  }
+}
+
+bool IsAtEndOfScene(const CVRMLParser& parser) {
+  const LoadState& load = ParserInternals::Load(parser);
+  return parser.GetCurrentTokenType() == VRMLTokenEndOfFile && load.Expansions == 0 && load.FilesBeingRead.size() == 1;
+}
+
+void NoteNode(CVRMLParser& parser, VRMLNoteTypes kind) {
+  if (!parser.GetSkippingBlock()) Note(parser, kind, parser.GetIOManager()->GetCurrentTokenText());
+}
+
+void NoteNodeAndName(CVRMLParser& parser, VRMLNoteTypes kind) {
+  if (parser.GetSkippingBlock()) return;
+  NoteNode(parser, kind);
+  if (parser.GetDefinedEntity()) NoteName(parser, VRMLNoteDroppedName, parser.GetEntityName());
+}
+
+}  // namespace qelvrml
