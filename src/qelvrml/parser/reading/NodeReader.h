@@ -53,7 +53,7 @@ public:
 
   /// Notes a node that begins at the current token, where a field is looked for: its } will end the node at hand.
   void LookForNode() {
-    if (Parser.GetNextTokenType() == VRMLTokenOpenBrace && AtWord()) NoteNode(Parser, VRMLNoteMisplacedNode);
+    if (Parser.GetNextTokenDataType() == GenericTokenOpenBrace && AtWord()) NoteNode(Parser, VRMLNoteMisplacedNode);
   }
   /// Calls `handle` for each token up to the node's }; a keyword's handler leaves the last token of its value current.
   template <class Handler>
