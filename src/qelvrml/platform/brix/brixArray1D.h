@@ -23,6 +23,10 @@ class ArrayWriter;
 /// forms are `operator[]` on an array that isn't constant, Edit, Append and Realloc. A reference from `operator[]`
 /// stays good until the array is next changed or destroyed: from then on later copies of this array have storage of
 /// their own.
+///
+/// It holds at most INT_MAX elements. Without memory the operations raise std::bad_alloc and leave the array as it was.
+/// Arrays that share storage can be used by different threads, and several threads can read and copy one array as long
+/// as nobody writes to it.
 template <class T>
 class brixArray1D {
   static_assert(std::is_trivially_copyable_v<T> && std::is_trivially_destructible_v<T>);
@@ -31,11 +35,14 @@ public:
   brixArray1D() = default;
   /// `count` elements of the default value; none for a negative count.
   explicit brixArray1D(int count) { Realloc(count, brixFalse); }
+  /// Shares the storage of `other`, unless references to its elements have been given out.
   brixArray1D(const brixArray1D& other) { Share(other); }
+  /// Leaves `other` empty.
   brixArray1D(brixArray1D&& other) noexcept
       : Storage(std::exchange(other.Storage, nullptr)), Count(std::exchange(other.Count, 0U)) {}
   virtual ~brixArray1D() { Release(); }
 
+  /// As the copy constructor.
   brixArray1D& operator=(const brixArray1D& other) {
     if (this != &other) {
       brixArray1D copy(other);
@@ -43,24 +50,30 @@ public:
     }
     return *this;
   }
+  /// Leaves `other` with what this array held.
   brixArray1D& operator=(brixArray1D&& other) noexcept {
     Swap(other);
     return *this;
   }
 
+  /// Number of elements.
   unsigned int GetSize() const { return Count; }
+  /// Whether there are no elements.
   bool IsEmpty() const { return Count == 0; }
 
-  /// No check of the index: each caller respects the count.
+  /// For writing. The index, from 0 on, isn't checked: each caller respects the count.
   T& operator[](std::size_t index) {
     Detach();
     GetHeader().Pinned = true;
     return Storage[index];
   }
+  /// For reading, likewise.
   const T& operator[](std::size_t index) const { return Storage[index]; }
 
+  /// Whether the two have the same elements in the same place, which is known without looking at them.
   bool SharesStorage(const brixArray1D& other) const { return Storage == other.Storage && Count == other.Count; }
 
+  /// For reading: the span is good until the array is next changed or destroyed.
   std::span<const T> View() const { return {Storage, Count}; }
   /// For writing at once: the span is good until the array is next copied or changed.
   std::span<T> Edit() {
@@ -97,6 +110,7 @@ public:
     if (IsOwn() && GetHeader().Capacity - Count > Count / SlackShare) Resize(Count);
   }
 
+  /// Takes a copy of at most INT_MAX values, which may be a part of this array.
   void Assign(std::span<const T> values) {
     brixArray1D copy(static_cast<int>(values.size()));
     std::copy(values.begin(), values.end(), copy.Storage);

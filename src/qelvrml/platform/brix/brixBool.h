@@ -1,6 +1,10 @@
 #pragma once
 
-enum brixBool { brixFalse = 0, brixTrue = 1 };
+/// A truth value of the model's operations. Only brixTrue counts as true.
+enum brixBool {
+  brixFalse = 0,  ///< no
+  brixTrue = 1,   ///< yes
+};
 
 /// Result of an evaluation.
 enum brixEReturn {

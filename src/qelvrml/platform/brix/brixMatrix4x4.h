@@ -12,15 +12,18 @@ public:
   /// The identity.
   brixMatrix4x4() { SetIdentity(); }
 
+  /// Makes this the identity.
   void SetIdentity();
 
-  /// Row of the matrix; both indices from 0 to 3.
+  /// Row of the matrix, so that `m[row][column]` is an element; both indices from 0 to 3, and not checked.
+  /// @{
   std::array<float, 4>& operator[](std::size_t row) { return Rows[row]; }
   const std::array<float, 4>& operator[](std::size_t row) const { return Rows[row]; }
+  /// @}
 
 private:
   std::array<std::array<float, 4>, 4> Rows{};
 };
 
-/// Matrix product; the left factor acts first.
+/// Matrix product; the left factor acts first. Sums are made in double precision.
 QELVRML_EXPORT brixMatrix4x4 operator*(const brixMatrix4x4& a, const brixMatrix4x4& b);

@@ -11,15 +11,16 @@
 /// Makes polygons with holes out of loops in the plane z = 0.
 class QELVRML_EXPORT CKelCpGenerator {
 public:
-  /// Copies the loop; its last point may be the first one again.
+  /// Adds a copy of the loop; its last point may be the first one again. Only x and y of the points count.
   void AddLoop(const brixFloatPointArray& loop);
   /// Finds out which loop is a hole of which: loops at even nesting depth are outlines, those directly inside them
   /// their holes. A loop without area is dropped; where loops cross, the areas between them alternate from outside to
-  /// inside. False if nothing is left, as with more than 131,072 crossings.
+  /// inside. False if nothing is left, as with more than 131,072 crossings. Raises std::bad_alloc.
   bool DetermineInteriorExteriorLoops();
   /// What cutting loops that cross took in the last call above, in steps of about a nanosecond.
   std::uint64_t GetCuttingSteps() const { return Steps; }
-  /// Appends the polygons to the list; the caller owns them.
+  /// Appends what the last call above has made to a list without an element handler, as pointers to new objects of
+  /// brixComplexPolygon; the caller deletes them. One for which the list has no memory is left out.
   void CreateCompPolyList(CKelList& polygons);
 
 private:

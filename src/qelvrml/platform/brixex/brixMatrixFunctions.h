@@ -15,9 +15,10 @@
 QELVRML_EXPORT brixMatrix4x4 GetDisplacementMatrix(const brixFloatPoint& d);
 /// Scale by the three components about the origin.
 QELVRML_EXPORT brixMatrix4x4 GetScaleMatrix(const brixFloatPoint& s);
-/// Inverse of `m`; the identity if there is none.
+/// Inverse of `m`, by Gauss-Jordan elimination in double precision; the identity if there is none.
 QELVRML_EXPORT brixMatrix4x4 GetInverseMatrix(const brixMatrix4x4& m);
-/// Right-handed rotation about `axis` by `angle` radians; the identity for a zero axis. The axis needs no unit length.
+/// Right-handed rotation about `axis` by `angle` radians, by Rodrigues' formula; the identity for a zero axis. The axis
+/// needs no unit length.
 QELVRML_EXPORT brixMatrix4x4 CreateRotationMatrixForNormalAngle(const brixVector& axis, double angle);
 /// The shortest rotation that turns `from` onto `to`; the identity for a zero vector. Where the two are opposite it
 /// turns by half a turn about `*axis`, or, without one or with a zero one, about the coordinate axis least aligned with
@@ -28,9 +29,13 @@ QELVRML_EXPORT brixMatrix4x4 CreateRotationMatrixForVectors(const brixVector& fr
 QELVRML_EXPORT brixMatrix4x4 CreateMatrixFromPlane(const brixPlane& plane);
 /// Whether every element is within brixFloatPoint::Tolerance of the identity's.
 QELVRML_EXPORT bool IsIdentityMatrix(const brixMatrix4x4& m);
-/// In degrees, from 0 to 180; 0 with a zero vector.
+/// The angle in degrees, from 0 to 180; 0 with a zero vector.
 QELVRML_EXPORT double CalculateAngleBetweenVectors(const brixVector& a, const brixVector& b);
-/// Unit normal of the polygon through the points, by Newell's sum; zero without area.
+/// Unit normal of the polygon through the points, by Newell's method: they run counter-clockwise seen from where it
+/// points. Zero without area, and where that isn't finite.
+/// @{
 QELVRML_EXPORT brixVector ComputeNormalForPoints(const brixFloatPointArray& points);
 QELVRML_EXPORT brixVector ComputeNormalForPoints(std::span<const brixFloatPoint> points);
+/// @}
+/// The angle in degrees.
 QELVRML_EXPORT double RadiansToDegrees(double radians);

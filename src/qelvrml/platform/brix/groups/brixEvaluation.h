@@ -7,9 +7,12 @@
 
 /// What an object looks like at a resolution, in world coordinates, for drawing and measuring.
 struct brixEvaluation {
+  /// What the indices below refer to, from 0 on. Not all need be in use.
   std::vector<brixFloatPoint> Points;
-  std::vector<brixVector> Normals;  ///< of a surface: one unit vector for each point; else empty
-  std::vector<unsigned int>
-      Triangles;  ///< three point indices each, counter-clockwise seen from where the normals point
-  std::vector<unsigned int> Segments;  ///< two point indices each
+  /// Of a surface a unit vector for each point, zero where there is none; else empty.
+  std::vector<brixVector> Normals;
+  /// Three point indices each, counter-clockwise seen from where the normals point.
+  std::vector<unsigned int> Triangles;
+  /// Two point indices each.
+  std::vector<unsigned int> Segments;
 };

@@ -24,6 +24,8 @@ public:
   brixObjectVisitor& operator=(const brixObjectVisitor&) = delete;
   virtual ~brixObjectVisitor() = default;
 
+  /// Called by `Accept` of an object of that class.
+  /// @{
   virtual void Visit(const brixBox& /*box*/) {}
   virtual void Visit(const brixCone& /*cone*/) {}
   virtual void Visit(const brixCylinder& /*cylinder*/) {}
@@ -36,4 +38,5 @@ public:
   virtual void Visit(const CKelPolyline& /*line*/) {}
   virtual void Visit(const CKelPolyMesh& /*mesh*/) {}
   virtual void Visit(const CKelTriangleStrip& /*strip*/) {}
+  /// @}
 };

@@ -4,13 +4,16 @@
 #include "qelvrml/platform/brix/brixArrays.h"
 #include "qelvrml/platform/brix/groups/brixBaseObject.h"
 
-/// A box by its eight corners: four around the bottom, then the four above them.
+/// A box by its eight corners in world coordinates: four around the bottom, then the four above them. At first all of
+/// them are the origin.
 class QELVRML_EXPORT brixBox : public brixBaseObject {
 public:
+  /// How many corners a box has.
   static constexpr unsigned CornerCount = 8;
 
   /// Takes the first eight points; corners that are missing stand at the origin.
   void SetBox(const brixFloatPointArray& corners);
+  /// Always eight points.
   const brixFloatPointArray& GetCorners() const { return Corners; }
 
   const char* GetClassName() const override { return "brixBox"; }

@@ -7,8 +7,11 @@
 /// A single point.
 class QELVRML_EXPORT brixDot : public brixBaseObject {
 public:
+  /// The point, in world coordinates; the origin at first.
+  /// @{
   void SetDot(const brixFloatPoint& point) { Point = point; }
   const brixFloatPoint& GetDot() const { return Point; }
+  /// @}
 
   const char* GetClassName() const override { return "brixDot"; }
   void Accept(brixObjectVisitor& visitor) const override;

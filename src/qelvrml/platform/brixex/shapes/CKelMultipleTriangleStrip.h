@@ -11,8 +11,9 @@ class QELVRML_EXPORT CKelMultipleTriangleStrip : public CKelTriangleStrip {
 public:
   /// `counts` holds the number of points of each strip; what goes beyond the points is cut, a negative count is 0.
   virtual void SetStrips(const brixFloatPointArray& points, const brixVectorArray& normals, const brixIntArray& counts);
-  /// The same in coordinates that other strips may lie in too.
+  /// The same in coordinates that other strips may lie in too; not null.
   void ShareStrips(std::shared_ptr<const qelvrml::StripCoordinates> coordinates, const brixIntArray& counts);
+  /// Number of points of each strip, within the points that there are.
   const brixIntArray& GetPointCounts() const { return Counts; }
 
   const char* GetClassName() const override { return "CKelMultipleTriangleStrip"; }

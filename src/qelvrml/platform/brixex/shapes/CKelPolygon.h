@@ -8,7 +8,8 @@ class QELVRML_EXPORT CKelPolygon : public CKelPolyline {
 public:
   const char* GetClassName() const override { return "CKelPolygon"; }
   void Accept(brixObjectVisitor& visitor) const override;
-  /// Triangles of the face; segments of an outline of fewer than three points.
+  /// Triangles of the face, with its normal by Newell's method; segments of an outline of fewer than three points.
+  /// Where lines of the outline cross, the triangles are a fan about its first point.
   brixEReturn Evaluate(double chordTolerance, brixEvaluation& result) const override;
   std::size_t CountTriangles(double chordTolerance) const override;
 };

@@ -11,15 +11,16 @@ enum TextureWrapTypes {
 
 /// One pixel of a texture.
 struct SKelTexturePixel {
-  unsigned char Red = 0;
-  unsigned char Green = 0;
-  unsigned char Blue = 0;
-  unsigned char Alpha = 0;
+  unsigned char Red = 0;    ///< share of red, up to 255
+  unsigned char Green = 0;  ///< share of green, up to 255
+  unsigned char Blue = 0;   ///< share of blue, up to 255
+  unsigned char Alpha = 0;  ///< of an image file the opacity, up to 255; of a PixelTexture node always 0
 };
 static_assert(sizeof(SKelTexturePixel) == 4, "pixels are shared with hosts as four bytes each");
 
 /// Frees pixels from the system's allocator.
 struct SKelTexturePixelDeleter {
+  /// Null does no harm.
   void operator()(SKelTexturePixel* pixels) const { std::free(pixels); }
 };
 
@@ -28,6 +29,6 @@ using SKelTexturePixelArray = std::unique_ptr<SKelTexturePixel[], SKelTexturePix
 
 /// Scale of texture coordinates.
 struct SKelTextureScale {
-  float S = 1.0F;
-  float T = 1.0F;
+  float S = 1.0F;  ///< factor along s
+  float T = 1.0F;  ///< factor along t
 };
