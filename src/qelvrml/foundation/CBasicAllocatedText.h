@@ -5,6 +5,7 @@
 
 /// Frees a text from the system's allocator.
 struct CBasicTextDeleter {
+  /// Null does no harm.
   void operator()(char* text) const { std::free(text); }
 };
 

@@ -12,20 +12,29 @@ struct TokenSource;
 }  // namespace qelvrml
 
 /// A snapshot of the state of a CGenericParser, its file's name and a buffer that is being read included, with room for
-/// two values of the parser above it. It shares the text with its source and is cheap to take.
+/// two values of the parser above it. It shares the text with its source and is cheap to take; a file that is read
+/// stays in memory as long as a snapshot refers to it.
 class QELVRML_EXPORT CGenericIOState {
 public:
+  /// An empty snapshot, which can't be restored.
   CGenericIOState() = default;
+  /// Copies refer to the same place of the same text.
+  /// @{
   CGenericIOState(const CGenericIOState&) = default;
   CGenericIOState(CGenericIOState&&) = default;
   CGenericIOState& operator=(const CGenericIOState&) = default;
   CGenericIOState& operator=(CGenericIOState&&) = default;
+  /// @}
   virtual ~CGenericIOState() = default;
 
+  /// Values that the parser above keeps here, and that CGenericParser leaves alone: whether a DEF names the node at
+  /// hand, and that name. False and empty at first.
+  /// @{
   bool GetDefinedEntity() const { return DefinedEntity; }
   void SetDefinedEntity(bool defined) { DefinedEntity = defined; }
   const CBasicString& GetEntityName() const { return EntityName; }
   void SetEntityName(const CBasicString& name) { EntityName = name; }
+  /// @}
 
 private:
   friend class CGenericParser;

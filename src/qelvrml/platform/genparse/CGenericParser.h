@@ -28,25 +28,34 @@ struct ReadingPlace;
 /// - In a quoted string `\"` gives `"` and `\\` gives `\`; it may span lines and ends at the latest with the input.
 /// - A word is a keyword of the table in any case, TRUE or FALSE in any case, a number, or of the class Other.
 ///
-/// The text of a file is read whole into memory. Reading a token costs no allocation.
+/// The text of a file is read whole into memory. Reading a token costs no allocation; operations that take memory raise
+/// std::bad_alloc. An object is used by one thread at a time, together with its copies and snapshots, since they share
+/// what is known about the text.
 class QELVRML_EXPORT CGenericParser {
 public:
+  /// Without keywords, a name and a text: both tokens are the end of the input.
   CGenericParser();
   /// A copy goes on reading at the same place; it shares the text, and its file interface is closed.
+  /// @{
   CGenericParser(const CGenericParser& other) = default;
   CGenericParser& operator=(const CGenericParser& other) = default;
+  /// @}
   ~CGenericParser() = default;
 
-  /// The table outlives this object. Keywords are found in any case.
+  /// The table of keywords and its number of rows, which both have to be set. It outlives this object and its copies
+  /// and doesn't change. Keywords are found in any case; of rows with the same name the first counts.
+  /// @{
   void SetKeywordTable(const ParserKeywordEntry* table);
   void SetKeywordTableSize(int rows);
+  /// @}
 
+  /// Names the file that OpenAndInitialize opens; what is being read goes on.
   void SetFilename(const CBasicString& name);
   /// Name of the file to open, or of the file that is being read; a snapshot brings its own.
   const CBasicString& GetFilename() const { return *Reading.Filename; }
 
   /// Opens the named file and checks its header. Afterwards the current token is an empty one of the class Other and
-  /// the next token is the first of the file.
+  /// the next token is the first of the file. When it fails nothing is open, and an earlier text is given up.
   GenericLoadResultTypes OpenAndInitialize();
   /// Closes the file and gives its text up; harmless when nothing is open.
   void CloseFile();
@@ -55,21 +64,32 @@ public:
   /// the input, and stays there.
   bool Tokenize();
 
-  /// Good until the next token is read.
+  /// The tokens at hand; good until the next token is read.
+  /// @{
   CGenericToken& GetCurrentToken() { return Reading.Current(); }
   CGenericToken& GetNextToken() { return Reading.Next(); }
   const CGenericToken& GetCurrentToken() const { return Reading.Current(); }
   const CGenericToken& GetNextToken() const { return Reading.Next(); }
-  /// Text with a NUL behind it; that of a quoted string stands without its quotes. Valid until the next call.
+  /// @}
+  /// Text with a NUL behind it; that of a quoted string stands without its quotes. Valid until the next call for that
+  /// token's text, and never null.
+  /// @{
   char* GetCurrentTokenString();
   char* GetNextTokenString();
-  /// The same text without a copy, valid until the token changes.
+  /// @}
+  /// The same text without a copy where it stands in the input as it is; valid until the token changes or its text is
+  /// asked for again.
+  /// @{
   std::string_view GetCurrentTokenText() { return Reading.Current().GetText(CurrentText); }
   std::string_view GetNextTokenText() { return Reading.Next().GetText(NextText); }
+  /// @}
+  /// The tokens' values: 0 for what isn't a number, false for what isn't TRUE.
+  /// @{
   double GetCurrentTokenNumericValue() const { return Reading.Current().GetNumericValue(); }
   double GetNextTokenNumericValue() const { return Reading.Next().GetNumericValue(); }
   bool GetCurrentTokenBooleanValue() const { return Reading.Current().GetBooleanValue(); }
   bool GetNextTokenBooleanValue() const { return Reading.Next().GetBooleanValue(); }
+  /// @}
 
   /// Scans on from behind the next token to a delimiter of either class and stores its class in `found`. Quoted strings
   /// and comments are stepped over. False at the end of the input, where the position then stays.
@@ -100,8 +120,10 @@ public:
   /// Whether the reading position is at the milestone or behind it. There is none, and this is true, from any change of
   /// the text on.
   bool IsBehindMilestone() const { return !Milestone || Reading.Position >= Milestone; }
-  /// Sets the milestone at an offset of the file, or for a negative one where no reading comes to.
+  /// Sets the milestone at an offset of the file, in bytes, or for a negative one, and in a buffer, where no reading
+  /// comes to. Does nothing without a text.
   void SetMilestone(int offset);
+  /// Takes the milestone away.
   void ClearMilestone() { Milestone = nullptr; }
 
   /// The place of the reading.
@@ -112,26 +134,31 @@ public:
   /// To be called before a snapshot is restored that goes back in the text: what lies ahead of the furthest place of
   /// such calls is being read again from then on.
   void NoteHowFarWasRead();
+  /// Whether the reading hasn't come back to the furthest of those places yet.
   bool IsReadAgain() const { return GetBytesReadAhead() > 0; }
-  /// Of the text from here on, those that were read already.
+  /// How many bytes of the text, from behind the next token on, were read already.
   std::size_t GetBytesReadAhead() const;
   /// Goes on to the furthest place; nothing moves behind it.
   void GoBehindWhatWasRead();
 
-  /// Of the text, those behind the next token.
+  /// How many bytes of the text are left behind the next token; 0 without a text.
   std::size_t GetBytesLeft() const;
 
   /// Line of the file, from 1 on, of a place that GetCurrentPlace has given; in a buffer, of the place that the buffer
   /// is read for. 0 where there is no file.
   int GetFileLineOf(const char* place) const;
 
-  /// Reading position and size of the file in bytes, also while a buffer is read; they saturate at the largest int.
+  /// Reading position and size of the file in bytes, also while a buffer is read; they saturate at the largest int. 0
+  /// without a text.
+  /// @{
   int GetCurrentFileOffset() const;
   int GetTotalFileSize() const;
+  /// @}
 
-  /// False when nothing is being read.
+  /// Takes a snapshot of the reading. False when nothing is being read; the snapshot is empty then.
   bool SaveIOState(CGenericIOState& state) const;
-  /// The state may come from another object. False, and no change, for an empty one.
+  /// Reads on from a snapshot, which may come from another object and can be restored again. False, and no change, for
+  /// an empty one.
   bool RestoreIOState(const CGenericIOState& state);
 
   /// Reads on from a copy of `text`, whose first token is current and whose second is next afterwards. False for a null
@@ -140,17 +167,19 @@ public:
   bool StartBufferReading(const char* text, int length, const char* place = nullptr);
   /// Ends the reading of a buffer: the input is at its end until a snapshot is restored. False if none is being read.
   bool StopBufferReading();
-  /// Starts the buffer anew.
+  /// Starts the buffer anew. False if none is being read.
   bool SetToStartOfBuffer();
 
+  /// The file that OpenAndInitialize works with; for ReadFileHeader.
   CKelFileInterface& GetFileInterface() { return FileInterface; }
   /// Brings the next line of the file's block, without its end, into the input string; false if there is none. A UTF-8
   /// byte-order mark ahead of the first line is left out.
   bool GetNextLineFromBuffer();
-  /// NUL-terminated and writable within its length.
+  /// The line that GetNextLineFromBuffer brought, with a NUL behind it; writable within its length.
   char* GetInputString() { return InputString.data(); }
+  /// Whether the input string has no characters.
   bool GetInputStringEmpty() const { return InputString.empty(); }
-  /// A null pointer empties the string.
+  /// Replaces the input string by a copy of the text; a null pointer empties it.
   void SetInputStringValue(const char* text) { InputString = text ? text : ""; }
 
 protected:

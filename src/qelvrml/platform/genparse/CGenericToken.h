@@ -11,11 +11,16 @@
 /// refers to the text that it was read from and holds none of its own.
 class QELVRML_EXPORT CGenericToken {
 public:
+  /// The class of the token; GenericTokenOther at first. To set it changes neither the value nor the text.
+  /// @{
   GenericTokenTypes GetDataType() const { return DataType; }
   void SetDataType(GenericTokenTypes type) { DataType = type; }
-  /// The value of the keyword table's row; only for tokens of the class GenericTokenUserDefined.
+  /// @}
+  /// The value of the keyword table's row; 0 for a token of another class than GenericTokenUserDefined.
+  /// @{
   unsigned int GetUserDefinedType() const { return UserDefinedType; }
   void SetUserDefinedType(unsigned int type) { UserDefinedType = type; }
+  /// @}
   /// Length of the text in bytes; that of a quoted string without its quotes. 0 for a token without text.
   int GetTokenLength() const;
   /// 0.0 for a token of another class than GenericTokenNumber.

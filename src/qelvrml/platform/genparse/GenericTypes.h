@@ -27,6 +27,7 @@ enum GenericLoadResultTypes : std::uint32_t {
 
 /// One row of a keyword table.
 struct ParserKeywordEntry {
+  /// The keyword, which matches in any case; zeros fill the rest.
   char Name[52];        // NOLINT(modernize-avoid-c-arrays): the layout is shared with the tables of hosts
   std::uint32_t Value;  ///< what GetUserDefinedType of a matching token gives
 };

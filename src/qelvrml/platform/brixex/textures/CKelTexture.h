@@ -10,7 +10,7 @@
 /// The image of a texture: rows of pixels from left to right. Those of an image file stand from the top down, those of
 /// a PixelTexture node in the order of its values, which VRML gives from the bottom up.
 ///
-/// Textures that share an image can be used by different threads, one texture by one thread at a time.
+/// Several threads can read a texture, and textures that share an image, as long as nobody changes one of them.
 class QELVRML_EXPORT CKelTexture {
 public:
   /// Most pixels that a texture can have.

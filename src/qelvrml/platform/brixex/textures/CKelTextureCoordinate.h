@@ -6,7 +6,7 @@
 
 class brixBaseGroup;
 
-/// How a texture lies on one object. A load sets all of it but names no object that isn't in the model.
+/// How a texture lies on one object. A load makes one for each object that has a texture.
 class QELVRML_EXPORT CKelTextureCoordinate {
 public:
   CKelTextureCoordinate() = default;
