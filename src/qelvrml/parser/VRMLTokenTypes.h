@@ -2,22 +2,28 @@
 
 #include <cstdint>
 
-/// What a token is to the node parsers. Rows of the keyword table that share a value share an enumerator.
+/// What a token is to the node parsers.
+///
+/// An enumerator without a comment of its own is the keyword of its name, in any case of letters. A keyword may name a
+/// node, a field or both: where it stands decides. Several words may share an enumerator. A keyword in the place of a
+/// DEF name is a name.
 enum VRMLTokenTypes : std::uint32_t {
-  VRMLTokenUnknown = 0,    ///< no keyword and no name of a known prototype
-  VRMLTokenEndOfFile = 1,  ///< the file, or the buffer that is being read, is at its end
-  VRMLTokenDEF = 2,
-  VRMLTokenUSE = 3,
-  VRMLTokenOpenBrace = 4,
-  VRMLTokenCloseBrace = 5,
-  VRMLTokenOpenBracket = 6,
-  VRMLTokenCloseBracket = 7,
-  VRMLTokenPOINT = 8,
-  VRMLTokenSTRING = 9,    ///< the keyword, and every quoted text
-  VRMLTokenBoolean = 10,  ///< TRUE or FALSE
-  VRMLTokenNumber = 11,   ///< a number
-  VRMLTokenOpenParen = 12,
-  VRMLTokenCloseParen = 13,
+  VRMLTokenUnknown = 0,       ///< no keyword and no name of a known prototype
+  VRMLTokenEndOfFile = 1,     ///< the file, or the buffer that is being read, is at its end
+  VRMLTokenDEF = 2,           ///< the next token is a name
+  VRMLTokenUSE = 3,           ///< the next token is a name
+  VRMLTokenOpenBrace = 4,     ///< {
+  VRMLTokenCloseBrace = 5,    ///< }
+  VRMLTokenOpenBracket = 6,   ///< [
+  VRMLTokenCloseBracket = 7,  ///< ]
+  VRMLTokenPOINT = 8,         ///< a field of coordinates
+  VRMLTokenSTRING = 9,        ///< the keyword, and every quoted text
+  VRMLTokenBoolean = 10,      ///< TRUE or FALSE
+  VRMLTokenNumber = 11,       ///< a number
+  VRMLTokenOpenParen = 12,    ///< (
+  VRMLTokenCloseParen = 13,   ///< )
+  /// Nodes and fields of VRML 1.0, many of them of VRML 2.0 too.
+  /// @{
   VRMLTokenASCIITEXT = 14,
   VRMLTokenSPACING = 15,
   VRMLTokenJUSTIFICATION = 16,
@@ -25,7 +31,7 @@ enum VRMLTokenTypes : std::uint32_t {
   VRMLTokenCENTER = 19,
   VRMLTokenCONE = 20,
   VRMLTokenBOTTOMRADIUS = 21,
-  VRMLTokenCOORDINATE = 22,
+  VRMLTokenCOORDINATE = 22,  ///< Coordinate or Coordinate3
   VRMLTokenCUBE = 23,
   VRMLTokenCYLINDER = 24,
   VRMLTokenDIRECTIONALLIGHT = 25,
@@ -35,10 +41,10 @@ enum VRMLTokenTypes : std::uint32_t {
   VRMLTokenCOORDINDEX = 29,
   VRMLTokenMATERIALINDEX = 30,
   VRMLTokenNORMALINDEX = 31,
-  VRMLTokenTEXTURECOORDINDEX = 32,
+  VRMLTokenTEXTURECOORDINDEX = 32,  ///< textureCoordIndex or texCoord
   VRMLTokenINDEXEDLINESET = 33,
   VRMLTokenINFO = 34,
-  VRMLTokenLOD = 35,
+  VRMLTokenLOD = 35,  ///< LOD or LevelOfDetail
   VRMLTokenLEVEL = 36,
   VRMLTokenMATERIAL = 37,
   VRMLTokenAMBIENTCOLOR = 38,
@@ -63,7 +69,7 @@ enum VRMLTokenTypes : std::uint32_t {
   VRMLTokenROTATION = 57,
   VRMLTokenSCALE = 58,
   VRMLTokenSCALEFACTOR = 59,
-  VRMLTokenSEPARATOR = 60,
+  VRMLTokenSEPARATOR = 60,  ///< Separator or TransformSeparator
   VRMLTokenRENDERCACHING = 61,
   VRMLTokenRENDERCULLING = 62,
   VRMLTokenSHAPEHINTS = 63,
@@ -77,10 +83,13 @@ enum VRMLTokenTypes : std::uint32_t {
   VRMLTokenSCALEORIENTATION = 71,
   VRMLTokenTRANSLATION = 72,
   VRMLTokenWWWANCHOR = 73,
-  VRMLTokenINLINE = 74,
+  VRMLTokenINLINE = 74,  ///< Inline or WWWInline
   VRMLTokenURL = 75,
   VRMLTokenBBOXSIZE = 76,
   VRMLTokenBBOXCENTER = 77,
+  /// @}
+  /// The field of a binding and its values, from VRMLTokenOVERALL on in the order of VRMLBindingTypes.
+  /// @{
   VRMLTokenVALUE = 78,
   VRMLTokenDEFAULT = 79,
   VRMLTokenOVERALL = 80,
@@ -90,6 +99,9 @@ enum VRMLTokenTypes : std::uint32_t {
   VRMLTokenPER_FACE_INDEXED = 84,
   VRMLTokenPER_VERTEX = 85,
   VRMLTokenPER_VERTEX_INDEXED = 86,
+  /// @}
+  /// Fields of the solids with their values, and the name of an inlined file.
+  /// @{
   VRMLTokenWIDTH = 87,
   VRMLTokenHEIGHT = 88,
   VRMLTokenDEPTH = 89,
@@ -100,7 +112,10 @@ enum VRMLTokenTypes : std::uint32_t {
   VRMLTokenALL = 94,
   VRMLTokenPARTS = 95,
   VRMLTokenNAME = 96,
-  VRMLTokenNULL = 97,
+  /// @}
+  VRMLTokenNULL = 97,  ///< no node
+  /// Nodes and fields of VRML 2.0.
+  /// @{
   VRMLTokenBOX = 98,
   VRMLTokenSIZE = 99,
   VRMLTokenCOLLISION = 100,
@@ -115,7 +130,10 @@ enum VRMLTokenTypes : std::uint32_t {
   VRMLTokenCOORD = 109,
   VRMLTokenAMBIENTINTENSITY = 110,
   VRMLTokenCOLOR = 111,
+  /// @}
   VRMLTokenProtoUse = 112,  ///< a word that names a prototype known at that moment
+  /// The words of prototypes.
+  /// @{
   VRMLTokenIS = 113,
   VRMLTokenPROTO = 114,
   VRMLTokenEXTERNPROTO = 115,
@@ -123,6 +141,9 @@ enum VRMLTokenTypes : std::uint32_t {
   VRMLTokenEVENTOUT = 117,
   VRMLTokenEXPOSEDFIELD = 118,
   VRMLTokenFIELD = 119,
+  /// @}
+  /// Geometry of VRML 2.0 with its fields.
+  /// @{
   VRMLTokenELEVATIONGRID = 120,
   VRMLTokenSOLID = 121,
   VRMLTokenXDIMENSION = 122,
@@ -138,6 +159,9 @@ enum VRMLTokenTypes : std::uint32_t {
   VRMLTokenSIDE = 132,
   VRMLTokenTRIANGLESTRIPSET = 133,
   VRMLTokenNUMVERTICES = 134,
+  /// @}
+  /// Textures of VRML 2.0 with their fields.
+  /// @{
   VRMLTokenTEXTURECOORDINATE = 135,
   VRMLTokenTEXTURE = 136,
   VRMLTokenTEXTURETRANSFORM = 137,
@@ -146,6 +170,7 @@ enum VRMLTokenTypes : std::uint32_t {
   VRMLTokenREPEATS = 140,
   VRMLTokenREPEATT = 141,
   VRMLTokenIMAGE = 142,
+  /// @}
 };
 
 /// Number of token values. They run from 0 and leave out 17, for hosts share the numbers in tables of their own.
