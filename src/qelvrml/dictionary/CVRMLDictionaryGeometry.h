@@ -4,7 +4,7 @@
 #include "qelvrml/foundation/VRMLExport.h"
 #include "qelvrml/platform/brix/brixArrays.h"
 
-// Entries of the geometry nodes with point or index lists.
+// Entries of the geometry nodes with point or index lists. Points and materials are those in force at the replay.
 
 /// What an indexed set was given, as run lists.
 class QELVRML_EXPORT CVRMLDictionaryIndexedSet : public CVRMLDictionaryEntry {
@@ -19,6 +19,9 @@ public:
     IsFaceSet = true;
   }
 
+  /// Run lists, empty at first: for each run a count and that many indices, from 0 on. The runs of the first one are
+  /// faces, or else lines.
+  /// @{
   brixIntArray& GetCoordIndex() { return CoordIndex; }
   void SetCoordIndex(const brixIntArray& value) { CoordIndex = value; }
   brixIntArray& GetNormalIndex() { return NormalIndex; }
@@ -27,6 +30,7 @@ public:
   void SetMaterialIndex(const brixIntArray& value) { MaterialIndex = value; }
   bool GetIsFaceSet() const { return IsFaceSet; }
   void SetIsFaceSet(bool value) { IsFaceSet = value; }
+  /// @}
 
 private:
   brixIntArray CoordIndex;
@@ -35,7 +39,7 @@ private:
   bool IsFaceSet;
 };
 
-/// Which points a point set has used.
+/// Which points a point set has used, of those that were in force.
 class QELVRML_EXPORT CVRMLDictionaryPointSet : public CVRMLDictionaryEntry {
 public:
   CVRMLDictionaryPointSet() { CVRMLDictionaryPointSet::Initialize(); }
@@ -46,10 +50,13 @@ public:
     NumPoints = -1;
   }
 
+  /// The first point, from 0 on, and how many; 0 and -1 at first, of which a replay makes nothing.
+  /// @{
   int GetStartIndex() const { return StartIndex; }
   void SetStartIndex(int value) { StartIndex = value; }
   int GetNumPoints() const { return NumPoints; }
   void SetNumPoints(int value) { NumPoints = value; }
+  /// @}
 
 private:
   int StartIndex;
@@ -71,6 +78,9 @@ public:
     ZSpacing = 0.0;
   }
 
+  /// A mesh if solid, else lines; the heights, row by row along x; and for each direction the number of points, as the
+  /// node gave it, and their distance. Solid, and without a grid, at first.
+  /// @{
   bool GetSolid() const { return Solid; }
   void SetSolid(bool value) { Solid = value; }
   brixDoubleArray& GetHeight() { return Height; }
@@ -83,6 +93,7 @@ public:
   void SetZDimension(double value) { ZDimension = value; }
   double GetZSpacing() const { return ZSpacing; }
   void SetZSpacing(double value) { ZSpacing = value; }
+  /// @}
 
 private:
   bool Solid;
@@ -110,6 +121,9 @@ public:
     Spine = {};
   }
 
+  /// The arguments of CVRMLParser::DefineExtrusion: angles are in radians, scale and cross-section hold pairs of x and
+  /// z. Solid with both caps, and without a shape, at first.
+  /// @{
   bool GetSolid() const { return Solid; }
   void SetSolid(bool value) { Solid = value; }
   bool GetBeginCap() const { return BeginCap; }
@@ -126,6 +140,7 @@ public:
   void SetCrossSection(const brixDoubleArray& value) { CrossSection = value; }
   brixFloatPointArray& GetSpine() { return Spine; }
   void SetSpine(const brixFloatPointArray& value) { Spine = value; }
+  /// @}
 
 private:
   bool Solid;
@@ -138,7 +153,7 @@ private:
   brixFloatPointArray Spine;
 };
 
-/// The number of vertices of each strip.
+/// What a set of triangle strips was given.
 class QELVRML_EXPORT CVRMLDictionaryTriangleStripSet : public CVRMLDictionaryEntry {
 public:
   CVRMLDictionaryTriangleStripSet() { CVRMLDictionaryTriangleStripSet::Initialize(); }
@@ -148,8 +163,11 @@ public:
     NumVertices = {};
   }
 
+  /// The number of vertices of each strip; empty at first.
+  /// @{
   brixIntArray& GetNumVertices() { return NumVertices; }
   void SetNumVertices(const brixIntArray& value) { NumVertices = value; }
+  /// @}
 
 private:
   brixIntArray NumVertices;

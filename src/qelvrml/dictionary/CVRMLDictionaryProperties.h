@@ -22,6 +22,8 @@ public:
     Transparency = {};
   }
 
+  /// Colours, shininess from 0 to 1 and transparency from 0, opaque, to 1, by list position; empty at first.
+  /// @{
   brixChromaArray& GetAmbientColor() { return AmbientColor; }
   void SetAmbientColor(const brixChromaArray& value) { AmbientColor = value; }
   brixChromaArray& GetDiffuseColor() { return DiffuseColor; }
@@ -34,6 +36,7 @@ public:
   void SetShininess(const brixDoubleArray& value) { Shininess = value; }
   brixDoubleArray& GetTransparency() { return Transparency; }
   void SetTransparency(const brixDoubleArray& value) { Transparency = value; }
+  /// @}
 
 private:
   brixChromaArray AmbientColor;
@@ -54,8 +57,11 @@ public:
     Points = {};
   }
 
+  /// In the coordinates of the scope at the replay; empty at first.
+  /// @{
   brixFloatPointArray& GetPoints() { return Points; }
   void SetPoints(const brixFloatPointArray& value) { Points = value; }
+  /// @}
 
 private:
   brixFloatPointArray Points;
@@ -71,14 +77,17 @@ public:
     Vectors = {};
   }
 
+  /// In the coordinates of the scope at the replay; empty at first.
+  /// @{
   brixVectorArray& GetVectors() { return Vectors; }
   void SetVectors(const brixVectorArray& value) { Vectors = value; }
+  /// @}
 
 private:
   brixVectorArray Vectors;
 };
 
-/// Base of the two bindings.
+/// Base of the two bindings; the type tells which of them an entry is.
 class QELVRML_EXPORT CVRMLDictionaryBinding : public CVRMLDictionaryEntry {
 public:
   CVRMLDictionaryBinding() { CVRMLDictionaryBinding::Initialize(); }
@@ -88,8 +97,11 @@ public:
     Binding = VRMLBindingDefault;
   }
 
+  /// VRMLBindingDefault at first. The binding stays when Initialize of a derived class is called.
+  /// @{
   VRMLBindingTypes GetBinding() const { return Binding; }
   void SetBinding(VRMLBindingTypes value) { Binding = value; }
+  /// @}
 
 private:
   VRMLBindingTypes Binding;

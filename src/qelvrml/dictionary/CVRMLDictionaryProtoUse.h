@@ -11,14 +11,21 @@ class QELVRML_EXPORT CVRMLDictionaryProtoUse : public CVRMLDictionaryEntry {
 public:
   CVRMLDictionaryProtoUse() { CVRMLDictionaryProtoUse::Initialize(); }
 
+  /// Empties the name of the prototype and the text, and sets the type.
   void Initialize() override;
 
+  /// The prototype by its name: the one that is known under it at the replay counts.
+  /// @{
   const CBasicString& GetPrototypeName() const { return PrototypeName; }
   void SetPrototypeName(const CBasicString& name) { PrototypeName = name; }
-  /// Not terminated; null for an instance without fields.
+  /// @}
+  /// The text and its length in bytes. Not terminated, owned by the entry, valid until the next change; null for an
+  /// instance without fields.
+  /// @{
   char* GetFieldText() const { return FieldText.get(); }
   int GetFieldTextLength() const { return FieldTextLength; }
-  /// Copies the text; a null text or a length of 0 or less leaves none.
+  /// @}
+  /// Copies the text; a null text or a length of 0 or less leaves none, and so does a lack of memory.
   void SetFieldText(const char* text, int length);
 
 private:

@@ -4,7 +4,8 @@
 #include "qelvrml/foundation/VRMLExport.h"
 #include "qelvrml/platform/brixex/CKelList.h"
 
-/// The entry of a separator: what was recorded directly inside it, in the order of the file.
+/// The entry of a separator: what was recorded directly inside it, in the order of the file. A replay opens a scope,
+/// with a group of the entry's name, replays the children, and closes the scope.
 class QELVRML_EXPORT CVRMLDictionarySeparator : public CVRMLDictionaryEntry {
 public:
   CVRMLDictionarySeparator() { CVRMLDictionarySeparator::Initialize(); }
@@ -17,10 +18,13 @@ public:
 
   /// The children; not owned. They enter through AddChild only.
   CKelList& GetChildren() { return Children; }
-  /// These two give false for null; RemoveChild also for an entry that isn't a child. Both take constant time, however
-  /// many children there are.
+  /// Adds a child behind the others, or removes its first place among them; the entry itself isn't touched. False for
+  /// null; AddChild also without memory for its place, RemoveChild for an entry that isn't a child. Both take constant
+  /// time, however many children there are.
+  /// @{
   bool AddChild(CVRMLDictionaryEntry* child);
   bool RemoveChild(CVRMLDictionaryEntry* child);
+  /// @}
   /// Empties the children without looking at them: for those that go as well, or are gone.
   void LetGoOfChildren() { Children.LetGo(); }
 

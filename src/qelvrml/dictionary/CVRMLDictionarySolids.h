@@ -3,7 +3,7 @@
 #include "qelvrml/dictionary/CVRMLDictionaryEntry.h"
 #include "qelvrml/foundation/VRMLExport.h"
 
-// Entries of the primitive solids.
+// Entries of the primitive solids. Sizes are in units of the scope at the replay.
 
 /// What a cube or a box was given.
 class QELVRML_EXPORT CVRMLDictionaryCube : public CVRMLDictionaryEntry {
@@ -17,12 +17,15 @@ public:
     Depth = 1.0;
   }
 
+  /// Whole extents along x, y and z; 1 at first.
+  /// @{
   double GetWidth() const { return Width; }
   void SetWidth(double value) { Width = value; }
   double GetHeight() const { return Height; }
   void SetHeight(double value) { Height = value; }
   double GetDepth() const { return Depth; }
   void SetDepth(double value) { Depth = value; }
+  /// @}
 
 private:
   double Width;
@@ -43,6 +46,8 @@ public:
     Bottom = true;
   }
 
+  /// Radius and height, 1 at first, and whether it has a side and a bottom, true at first.
+  /// @{
   double GetBottomRadius() const { return BottomRadius; }
   void SetBottomRadius(double value) { BottomRadius = value; }
   double GetHeight() const { return Height; }
@@ -51,6 +56,7 @@ public:
   void SetSide(bool value) { Side = value; }
   bool GetBottom() const { return Bottom; }
   void SetBottom(bool value) { Bottom = value; }
+  /// @}
 
 private:
   double BottomRadius;
@@ -70,10 +76,13 @@ public:
     Height = 1.0;
   }
 
+  /// Radius and height; 1 at first.
+  /// @{
   double GetRadius() const { return Radius; }
   void SetRadius(double value) { Radius = value; }
   double GetHeight() const { return Height; }
   void SetHeight(double value) { Height = value; }
+  /// @}
 
 private:
   double Radius;
@@ -90,8 +99,11 @@ public:
     Radius = 1.0;
   }
 
+  /// The radius; 1 at first.
+  /// @{
   double GetRadius() const { return Radius; }
   void SetRadius(double value) { Radius = value; }
+  /// @}
 
 private:
   double Radius;

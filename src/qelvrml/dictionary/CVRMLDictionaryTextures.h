@@ -20,12 +20,15 @@ public:
     WrapT = TextureWrapRepeat;
   }
 
+  /// Id in the texture manager, -1 for none, and what happens outside the image; none and repeated at first.
+  /// @{
   int GetTextureID() const { return TextureID; }
   void SetTextureID(int value) { TextureID = value; }
   TextureWrapTypes GetWrapS() const { return WrapS; }
   void SetWrapS(TextureWrapTypes value) { WrapS = value; }
   TextureWrapTypes GetWrapT() const { return WrapT; }
   void SetWrapT(TextureWrapTypes value) { WrapT = value; }
+  /// @}
 
 private:
   int TextureID;
@@ -43,8 +46,11 @@ public:
     Points = {};
   }
 
+  /// Coordinates for the next object of the scope at the replay; empty at first.
+  /// @{
   brix2DFloatPointArray& GetPoints() { return Points; }
   void SetPoints(const brix2DFloatPointArray& value) { Points = value; }
+  /// @}
 
 private:
   brix2DFloatPointArray Points;
@@ -63,6 +69,8 @@ public:
     Rotation = 0.0;
   }
 
+  /// The arguments of CVRMLParser::DefineTextureTransform; no transformation at first.
+  /// @{
   brix2DFloatPoint& GetCenter() { return Center; }
   void SetCenter(const brix2DFloatPoint& value) { Center = value; }
   brix2DFloatPoint& GetScale() { return Scale; }
@@ -71,6 +79,7 @@ public:
   void SetTranslation(const brix2DFloatPoint& value) { Translation = value; }
   double GetRotation() const { return Rotation; }
   void SetRotation(double value) { Rotation = value; }
+  /// @}
 
 private:
   brix2DFloatPoint Center;

@@ -5,7 +5,8 @@
 #include "qelvrml/platform/brix/brixFloatPoint.h"
 #include "qelvrml/platform/brix/brixMatrix4x4.h"
 
-// Entries of the transformations.
+// Entries of the transformations. A replay puts them in front of that of the scope that it is in. Points are row
+// vectors. At first all are the identity.
 
 /// What a transform was given.
 class QELVRML_EXPORT CVRMLDictionaryTransform : public CVRMLDictionaryEntry {
@@ -21,6 +22,8 @@ public:
     Center = {};
   }
 
+  /// The arguments of CVRMLParser::DefineTransform, which tells how they act.
+  /// @{
   brixMatrix4x4& GetRotation() { return Rotation; }
   void SetRotation(const brixMatrix4x4& value) { Rotation = value; }
   brixFloatPoint& GetTranslation() { return Translation; }
@@ -31,6 +34,7 @@ public:
   void SetScaleOrientation(const brixMatrix4x4& value) { ScaleOrientation = value; }
   brixFloatPoint& GetCenter() { return Center; }
   void SetCenter(const brixFloatPoint& value) { Center = value; }
+  /// @}
 
 private:
   brixMatrix4x4 Rotation;
@@ -50,8 +54,11 @@ public:
     Matrix = {};
   }
 
+  /// The matrix of the node.
+  /// @{
   brixMatrix4x4& GetMatrix() { return Matrix; }
   void SetMatrix(const brixMatrix4x4& value) { Matrix = value; }
+  /// @}
 
 private:
   brixMatrix4x4 Matrix;
@@ -67,8 +74,11 @@ public:
     Matrix = {};
   }
 
+  /// The rotation as a matrix.
+  /// @{
   brixMatrix4x4& GetMatrix() { return Matrix; }
   void SetMatrix(const brixMatrix4x4& value) { Matrix = value; }
+  /// @}
 
 private:
   brixMatrix4x4 Matrix;
@@ -84,8 +94,11 @@ public:
     ScaleFactor = {1.0F, 1.0F, 1.0F};
   }
 
+  /// Factors along x, y and z about the origin.
+  /// @{
   brixFloatPoint& GetScaleFactor() { return ScaleFactor; }
   void SetScaleFactor(const brixFloatPoint& value) { ScaleFactor = value; }
+  /// @}
 
 private:
   brixFloatPoint ScaleFactor;
@@ -101,8 +114,11 @@ public:
     Translation = {};
   }
 
+  /// How far a point moves along x, y and z.
+  /// @{
   brixFloatPoint& GetTranslation() { return Translation; }
   void SetTranslation(const brixFloatPoint& value) { Translation = value; }
+  /// @}
 
 private:
   brixFloatPoint Translation;

@@ -6,10 +6,12 @@
 /// from 0.
 class QELVRML_EXPORT CVRMLLoopIndexPair {
 public:
-  /// Both indices are 0.
+  /// Both indices are 0 at first; a copy has those of the original.
+  /// @{
   CVRMLLoopIndexPair() = default;
   CVRMLLoopIndexPair(const CVRMLLoopIndexPair&) = default;
   CVRMLLoopIndexPair& operator=(const CVRMLLoopIndexPair&) = default;
+  /// @}
   virtual ~CVRMLLoopIndexPair() = default;
 
   /// The smaller index; nothing checks that.

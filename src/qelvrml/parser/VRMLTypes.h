@@ -4,8 +4,8 @@
 
 /// Version of the language, by a file's header. That of the main file decides for the files that it inlines.
 enum VRMLVersionTypes : std::uint32_t {
-  VRMLVersion10 = 0,  ///< #VRML V1.0 ascii
-  VRMLVersion20 = 1,  ///< #VRML V2.0 utf8
+  VRMLVersion10 = 0,  ///< `#VRML V1.0 ascii`
+  VRMLVersion20 = 1,  ///< `#VRML V2.0 utf8`
 };
 
 /// Result of a load. Of VRMLLoadOK and VRMLLoadWarnings the world has what could be read.
