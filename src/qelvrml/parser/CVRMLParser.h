@@ -584,7 +584,7 @@ public:
   /// Removes every double quote; true if there was one.
   static bool RemoveQuotes(CBasicString& text);
   /// Paths of the files that the last load looked for and couldn't open, each once, in the order of asking. They stay
-  /// until the next load.
+  /// until the next load. The main file isn't among them: VRMLLoadOpenFailed tells that.
   ///
   /// An inlined file stands here by the path at which it was looked for, beside the file that names it. An image stands
   /// here by each path in the folders of the texture manager, or by its URL if there are no such folders; the path that
