@@ -25,11 +25,12 @@ enum VRMLNoteTypes : std::uint32_t {
   VRMLNoteLostEnd = 16,               ///< a node's end was lost in it: its } closed what was around it
   VRMLNoteNoGeometry = 17,            ///< the file led to no node that makes an object
 };
+/// Number of kinds, whose values are 0 and up.
 constexpr int VRMLNoteTypeCount = VRMLNoteNoGeometry + 1;
 
 /// Something in a file that left no trace in the model, or not the one that its author meant. Equal ones are counted.
 struct CVRMLNote {
-  VRMLNoteTypes Kind = VRMLNoteUnknownNode;
+  VRMLNoteTypes Kind = VRMLNoteUnknownNode;  ///< what it is about
   /// Of the node, name, field, prototype, file or limit, in the spelling of the file, cut to 256 bytes. A field stands
   /// behind its prototype and a dot. Without geometry, a prototype that was declared and not used. Empty for none.
   CBasicString Name;
