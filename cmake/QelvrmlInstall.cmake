@@ -39,6 +39,7 @@ if(PROJECT_IS_TOP_LEVEL)
   install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT documentation FILES_MATCHING PATTERN "*.md")
   install(DIRECTORY ${CMAKE_CURRENT_BINARY_DIR}/docs/html
     DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT documentation OPTIONAL)
-  # It builds the library from the sources around it.
-  install(DIRECTORY examples DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT documentation PATTERN subproject EXCLUDE)
+  # The others build the library from the sources around them.
+  install(DIRECTORY examples DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT documentation
+    PATTERN fetch EXCLUDE PATTERN subproject EXCLUDE)
 endif()
