@@ -8,9 +8,9 @@
 #include "qelvrml/foundation/CBasicListIterator.h"
 #include "qelvrml/foundation/Numbers.h"
 #include "qelvrml/foundation/ScopedValue.h"
-#include "qelvrml/foundation/TextConversion.h"
 #include "qelvrml/parser/load/LoadState.h"
 #include "qelvrml/parser/load/NoteBook.h"
+#include "qelvrml/parser/load/Notes.h"
 #include "qelvrml/platform/brixex/NameIndexedList.h"
 #include "qelvrml/platform/brixex/brixMatrixFunctions.h"
 #include "qelvrml/prototypes/CVRMLPrototype.h"
@@ -159,18 +159,12 @@ VRMLLoadResultTypes CVRMLParser::ReadScene() {
     if (ParseBlock()) result = VRMLLoadOK;
   }
   if (LastWarning != VRMLWarningNone && result == VRMLLoadOK) result = VRMLLoadWarnings;
-  if (!Load->MetGeometry) NoteNoGeometry();
+  if (!Load->MetGeometry) qelvrml::NoteNoGeometry(*this);
   Load->Root = nullptr;
   PopSeparator();
   IOManager.CloseFile();
   DetermineUnits();
   return result;
-}
-
-void CVRMLParser::NoteNoGeometry() {
-  const CBasicString prototype = Load->MetInstance ? CBasicString() : Load->LastPrototype;
-  const std::string name = qelvrml::Narrow(prototype.GetView()).value_or(std::string());
-  Notes->Add(VRMLNoteNoGeometry, name, [this] { return qelvrml::NotedPlace{Load->MainFile, 0}; });
 }
 
 // What a load has made before memory ran out, or a callback threw, enters the world in the unit of the file.

@@ -636,7 +636,6 @@ private:
   VRMLLoadResultTypes ReadScene();
   void AbandonScene();
   void OpenRoot();
-  void NoteNoGeometry();
   template <class Unpack>
   bool DecompressFile(const CBasicString& path, Unpack unpack);
 

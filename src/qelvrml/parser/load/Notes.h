@@ -18,6 +18,9 @@ void NoteNode(CVRMLParser& parser, VRMLNoteTypes kind);
 /// The same for a node that was dispatched on, with the DEF name in front of it.
 void NoteNodeAndName(CVRMLParser& parser, VRMLNoteTypes kind);
 
+/// Notes, at the end of a load, that the file led to no node that makes an object.
+void NoteNoGeometry(CVRMLParser& parser);
+
 /// Whether all of the main file has been read.
 bool IsAtEndOfScene(const CVRMLParser& parser);
 

@@ -300,6 +300,10 @@ bool CGenericParser::RestoreIOState(const CGenericIOState& state) {
   return true;
 }
 
+bool CGenericParser::StartBufferReading(const char* text, int length) {
+  return StartBufferReading(text, length, nullptr);
+}
+
 bool CGenericParser::StartBufferReading(const char* text, int length, const char* place) {
   if (!text || length < 0) return false;
   auto block = std::make_shared<const FileText>(std::string_view(text, static_cast<std::size_t>(length)));

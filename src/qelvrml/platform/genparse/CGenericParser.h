@@ -162,9 +162,11 @@ public:
   bool RestoreIOState(const CGenericIOState& state);
 
   /// Reads on from a copy of `text`, whose first token is current and whose second is next afterwards. False for a null
-  /// text or a negative length. The buffer is read for the place of the text at hand that is given, as GetCurrentPlace
-  /// gives it, or for the current token.
-  bool StartBufferReading(const char* text, int length, const char* place = nullptr);
+  /// text or a negative length.
+  bool StartBufferReading(const char* text, int length);
+  /// The same for a buffer that is read for a place of the text at hand, as GetCurrentPlace gives it, and not for the
+  /// current token. Null stands for that token.
+  bool StartBufferReading(const char* text, int length, const char* place);
   /// Ends the reading of a buffer: the input is at its end until a snapshot is restored. False if none is being read.
   bool StopBufferReading();
   /// Starts the buffer anew. False if none is being read.
