@@ -31,6 +31,23 @@ void PrintGroups(const brixBaseGroup& group, std::ostream& stream) {
   stream << ')';
 }
 
+void PrintMaterial(const brixMaterial& material, std::ostream& stream) {
+  for (const auto get :
+       {&brixMaterial::GetAmbient, &brixMaterial::GetDiffuse, &brixMaterial::GetSpecular, &brixMaterial::GetEmission}) {
+    brixChroma colour;
+    (material.*get)(colour);
+    PrintTo(colour, &stream);
+  }
+  stream << material.GetShininess();
+}
+
+void PrintTexture(const CKelTextureCoordinate* mapping, std::ostream& stream) {
+  if (!mapping) return;
+  stream << " texture " << mapping->GetTextureID() << ' ' << mapping->GetTextureWrapS() << mapping->GetTextureWrapT()
+         << ' ' << mapping->GetRotation() << ' ' << mapping->GetScale().S << ' ' << mapping->GetScale().T;
+  for (const brix2DFloatPoint& point : mapping->GetCoordinates().View()) stream << ' ' << point.x << ' ' << point.y;
+}
+
 bool Near(float a, float b) { return std::fabs(a - b) <= 1e-5F * std::max({1.0F, std::fabs(a), std::fabs(b)}); }
 
 }  // namespace
@@ -133,7 +150,8 @@ std::string Model::Describe() const {
   PrintGroups(*World, text);
   for (std::size_t i = 0; i < Size(); ++i) {
     text << '\n' << Object(i).GetClassName() << ' ' << Name(i) << ' ' << Triangles(i) << ' ';
-    PrintTo(Diffuse(i), &text);
+    PrintMaterial(Object(i).GetMatProps().GetFrontMaterial(), text);
+    PrintTexture(textures.FindTextureCoordinate(Object(i).GetId()), text);
     PrintTo(Extents(i), &text);
     for (const brixFloatPoint& point : Points(i)) PrintTo(point, &text);
   }

@@ -55,7 +55,7 @@ public:
   /// Triangles as the object's evaluation gives them, and their area in the units of the file.
   std::size_t Triangles(std::size_t index) const;
   double Area(std::size_t index) const;
-  /// Result, unit, sizes of textures, groups and all objects, as a text.
+  /// Result, unit, sizes of textures, groups and all objects with their materials and textures, as a text.
   std::string Describe() const;
 
 private:
