@@ -149,7 +149,7 @@ std::string Model::Describe() const {
     text << ' ' << textures.GetTextureAt(i)->GetWidth() << 'x' << textures.GetTextureAt(i)->GetHeight();
   PrintGroups(*World, text);
   for (std::size_t i = 0; i < Size(); ++i) {
-    text << '\n' << Object(i).GetClassName() << ' ' << Name(i) << ' ' << Triangles(i) << ' ';
+    text << '\n' << Object(i).GetClassName() << ' ' << Name(i) << ' ' << Triangles(i) << ' ' << Area(i) << ' ';
     PrintMaterial(Object(i).GetMatProps().GetFrontMaterial(), text);
     PrintTexture(textures.FindTextureCoordinate(Object(i).GetId()), text);
     PrintTo(Extents(i), &text);
