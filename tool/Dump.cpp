@@ -1,11 +1,15 @@
 #include "Dump.h"
 
-#include <charconv>
 #include <filesystem>
 #include <iostream>
-#include <nlohmann/json.hpp>
 #include <string>
+#include <utility>
+#include <vector>
 
+#include "Failures.h"
+#include "Json.h"
+#include "Text.h"
+#include "Units.h"
 #include "qelvrml/platform/brix/brixRunList.h"
 #include "qelvrml/platform/brix/groups/brixObjectVisitor.h"
 #include "qelvrml/platform/brix/solids/brixBox.h"
@@ -21,17 +25,6 @@
 #include "qelvrml/platform/brixex/textures/CKelTextureManager.h"
 
 namespace {
-
-using Json = nlohmann::ordered_json;
-
-// The double whose shortest form is the shortest form of the float.
-double Shortest(float value) {
-  std::array<char, 32> text{};
-  const auto end = std::to_chars(text.data(), text.data() + text.size(), value).ptr;
-  double result = value;
-  std::from_chars(text.data(), end, result);
-  return result;
-}
 
 Json ToJson(const brixFloatPoint& p) { return {Shortest(p.x), Shortest(p.y), Shortest(p.z)}; }
 Json ToJson(const brixVector& v) { return {Shortest(v.x), Shortest(v.y), Shortest(v.z)}; }
@@ -161,7 +154,7 @@ Json TexturesToJson(const CKelTextureManager* textures) {
   for (int i = 0; textures && i < textures->GetNumberTextures(); ++i) {
     const CKelTexture& texture = *textures->GetTextureAt(i);
     list.push_back({{"id", texture.GetTextureID()},
-                    {"name", std::filesystem::path(ToUtf8(texture.GetFilename().GetWideText())).filename().string()},
+                    {"name", std::filesystem::path(ToUtf8(texture.GetFilename())).filename().string()},
                     {"width", texture.GetWidth()},
                     {"height", texture.GetHeight()}});
   }
@@ -171,11 +164,13 @@ Json TexturesToJson(const CKelTextureManager* textures) {
 }  // namespace
 
 void Dump(const LoadedFile& file) {
+  const EndWhenOutOfMemory guard;
   const CKelTextureManager* textures = file.World->GetTextureManager();
-  const Json model = {{"result", ResultName(file.Result)},
-                      {"units", UnitsName(file.Units)},
-                      {"warning", file.Warning},
-                      {"world", GroupToJson(*file.World, textures)},
-                      {"textures", TexturesToJson(textures)}};
+  Json model = {{"result", ResultName(file.Result)},
+                {"units", UnitsName(file.Units)},
+                {"warning", file.Warning},
+                {"world", GroupToJson(*file.World, textures)},
+                {"textures", TexturesToJson(textures)}};
+  AddNotes(file, model);
   std::cout << model << '\n';
 }

@@ -1,6 +1,8 @@
 #pragma once
 
-#include "Load.h"
+#include <string>
+#include <vector>
 
-/// Prints for people what a file holds.
-void PrintInfo(const LoadedFile& file);
+/// Tells what one file holds in full, or what several files and those in folders hold in short, for people or as JSON.
+/// Gives the exit status.
+int TellInfo(const std::vector<std::string>& paths, bool json);

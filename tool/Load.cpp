@@ -8,6 +8,7 @@
 #include <system_error>
 
 #include "Progress.h"
+#include "Text.h"
 #include "qelvrml/platform/brixex/textures/CKelTextureManager.h"
 
 namespace {
@@ -40,6 +41,18 @@ bool MayBeVrml(const std::string& path) {
          start.find("#VRML V2.0 UTF8") != std::string::npos;
 }
 
+// Why nothing was loaded; empty for a load that succeeded.
+std::string WhatWentWrong(VRMLLoadResultTypes result, const std::string& path) {
+  switch (result) {
+    case VRMLLoadOK:
+    case VRMLLoadWarnings: return "";
+    case VRMLLoadOpenFailed: return WhyNotOpened(path);
+    case VRMLLoadDecompressFailed: return "can't be unpacked";
+    case VRMLLoadFailed: break;
+  }
+  return MayBeVrml(path) ? "nothing in it could be loaded" : "not a VRML file";
+}
+
 }  // namespace
 
 LoadedFile LoadFile(const std::string& path) {
@@ -53,9 +66,12 @@ LoadedFile LoadFile(const std::string& path) {
   const auto start = std::chrono::steady_clock::now();
   file.Result = parser.Parse(file.World.get(), CBasicString(path.c_str()));
   file.Seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+  file.Problem = WhatWentWrong(file.Result, path);
   file.Units = parser.GetImageUnits();
   file.Warning = parser.GetLastWarning();
-  for (const CBasicString& name : parser.GetMissingFiles()) file.MissingFiles.push_back(ToUtf8(name.GetWideText()));
+  file.Notes = parser.GetNotes();
+  file.UnlistedNotes = parser.GetUnlistedNotes();
+  for (const CBasicString& name : parser.GetMissingFiles()) file.MissingFiles.push_back(Printable(name));
   return file;
 }
 
@@ -70,41 +86,4 @@ std::string ResultName(VRMLLoadResultTypes result) {
   return "";
 }
 
-std::string UnitsName(VRMLImageUnitsTypes units) {
-  switch (units) {
-    case VRMLUnitsMicrons: return "microns";
-    case VRMLUnitsMillimeters: return "millimeters";
-    case VRMLUnitsCentimeters: return "centimeters";
-    case VRMLUnitsMeters: return "meters";
-  }
-  return "";
-}
-
-std::string WhatWentWrong(const LoadedFile& file) {
-  switch (file.Result) {
-    case VRMLLoadOK:
-    case VRMLLoadWarnings: return "";
-    case VRMLLoadOpenFailed: return WhyNotOpened(file.Path);
-    case VRMLLoadDecompressFailed: return "is compressed and can't be unpacked";
-    case VRMLLoadFailed: break;
-  }
-  return MayBeVrml(file.Path) ? "nothing in it could be loaded" : "not a VRML file";
-}
-
 int ExitStatus(VRMLLoadResultTypes result) { return result == VRMLLoadWarnings ? 0 : static_cast<int>(result); }
-
-std::string ToUtf8(const char16_t* text) {
-  CBasicString string(text);
-  for (int i = 0; i < string.GetLength(); ++i) {
-    constexpr char16_t Replacement = 0xFFFD;
-    const char16_t unit = string.GetAt(i);
-    const bool high = unit >= 0xD800 && unit < 0xDC00;
-    const char16_t next = string.GetAt(i + 1);
-    if (high && next >= 0xDC00 && next < 0xE000) {
-      ++i;
-    } else if (unit >= 0xD800 && unit < 0xE000) {
-      string.SetAt(i, Replacement);
-    }
-  }
-  return string.GetNarrowText();
-}

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
@@ -12,8 +13,11 @@ struct LoadedFile {
   std::string Path;
   std::unique_ptr<CKelWorld> World;
   VRMLLoadResultTypes Result = VRMLLoadFailed;
+  std::string Problem;  ///< why nothing was loaded; empty for a load that succeeded
   VRMLImageUnitsTypes Units = VRMLUnitsMeters;
   int Warning = 0;
+  std::vector<CVRMLNote> Notes;
+  std::uint64_t UnlistedNotes = 0;
   std::vector<std::string> MissingFiles;  ///< asked for by the scene and not found
   double Seconds = 0.0;                   ///< time of the load
 };
@@ -23,11 +27,5 @@ LoadedFile LoadFile(const std::string& path);
 
 /// Name of a result, such as "VRMLLoadOK".
 std::string ResultName(VRMLLoadResultTypes result);
-/// Name of a unit, such as "centimeters".
-std::string UnitsName(VRMLImageUnitsTypes units);
-/// A sentence that says why nothing was loaded; empty for a load that succeeded.
-std::string WhatWentWrong(const LoadedFile& file);
 /// Exit status of the command for a result.
 int ExitStatus(VRMLLoadResultTypes result);
-/// A text of the library as UTF-8; what can't be converted is replaced.
-std::string ToUtf8(const char16_t* text);

@@ -115,7 +115,7 @@ TEST(Tool, SaysThatMemoryRanOut) {
 
 TEST(Tool, KnowsItsArguments) {
   EXPECT_EQ(RunTool("").Status, 64);
-  EXPECT_EQ(RunTool("info").Error, "qelvrml: FILE is required; --help tells more\n");
+  EXPECT_EQ(RunTool("info").Error, "qelvrml: PATH is required; --help tells more\n");
   EXPECT_EQ(RunTool("draw x.wrl").Status, 64);
   EXPECT_EQ(RunTool("--help").Status, 0);
   EXPECT_THAT(RunTool("--version").Out, StartsWith("qelvrml "));

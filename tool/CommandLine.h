@@ -1,0 +1,61 @@
+#pragma once
+
+#include <array>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace CLI {
+class App;
+}
+
+// What the command says about itself: its arguments, and the tables of its man page and completions. Nothing here needs
+// the library.
+
+/// What the arguments ask for.
+struct Arguments {
+  bool Info = false;  ///< else Dump
+  std::vector<std::string> Paths;
+  bool Json = false;
+};
+
+/// The sub-commands and options of the command; parsing fills `arguments`, which has to live as long.
+std::unique_ptr<CLI::App> MakeCommandLine(Arguments& arguments);
+
+inline constexpr int StatusNothingLoaded = 1;
+inline constexpr int StatusNotOpened = 2;
+inline constexpr int StatusWrongArguments = 64;
+inline constexpr int StatusInternalError = 70;
+inline constexpr int StatusOutOfMemory = 71;
+
+/// A word of a table, and what it means.
+struct Meaning {
+  const char* Word;
+  const char* Text;
+};
+
+inline constexpr std::array ExitStatuses = {
+    Meaning{"0", "everything was loaded"},
+    Meaning{"1", "nothing in a file could be loaded, it isn't VRML, or a folder holds none"},
+    Meaning{"2", "a file or folder can't be opened"},
+    Meaning{"3", "a file can't be unpacked"},
+    Meaning{"64", "wrong arguments"},
+    Meaning{"70", "the output can't be written"},
+    Meaning{"71", "memory ran out"},
+};
+
+inline constexpr std::array Variables = {
+    Meaning{"NO_COLOR", "if set and not empty, there are no colours on a terminal; the same if TERM is dumb"},
+    Meaning{"TMPDIR", "folder for the copy of a packed file while it is read; /tmp unless set"},
+};
+
+inline constexpr std::array Examples = {
+    Meaning{"qelvrml info desk.wrl", "tells what desk.wrl holds, and what of it couldn't be read"},
+    Meaning{"qelvrml info models more/lamp.wrz",
+            "a line for each scene in the folder models, one for the lamp, a total"},
+    Meaning{"qelvrml info --json models >models.json", "the same as JSON"},
+    Meaning{"qelvrml dump desk.wrl >desk.json", "every group, object and texture of the model"},
+};
+
+/// Ends of the names of files that are looked for in folders, in any case.
+inline constexpr std::array SceneEndings = {"wrl", "wrz", "vrml", "vrz", "wrl.gz", "vrml.gz", "wrl.zip", "vrml.zip"};
