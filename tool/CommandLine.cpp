@@ -13,24 +13,26 @@ std::string ExitStatusText() {
 }
 
 void AddInfo(CLI::App& app, Arguments& arguments) {
-  CLI::App* info = app.add_subcommand("info", "Tell what files hold, and what of them couldn't be read");
-  info->add_option("PATH", arguments.Paths, "VRML files, plain or packed by gzip or PK-zip, and folders of them")
+  CLI::App* info =
+      app.add_subcommand("info", "Tell what files hold, and what of them couldn't be read")->group("Commands");
+  info->add_option("PATH", arguments.Paths, "VRML files, plain or packed (gzip, PK-zip), or folders")
       ->required()
       ->option_text(" ");
   info->add_flag("--json", arguments.Json, "Print the same facts as JSON");
   info->footer(
-      "One file gives a report of many lines. Several files, or a folder, give a line for\n"
-      "each file and a total. Folders and the folders in them are searched for names that\n"
-      "end in .wrl, .wrz, .vrml or .vrz, or in .gz or .zip behind .wrl or .vrml, in any\n"
-      "case; links to folders aren't followed. On a terminal long paths are cut in front.\n"
+      "One file gives a full report. Several files, or a folder, give a line for each\n"
+      "file and a total. Folders and the folders in them are searched for names that\n"
+      "end in .wrl, .wrz, .vrml or .vrz, or in .gz or .zip behind .wrl or .vrml, in\n"
+      "any case; links to folders aren't followed. On a terminal, paths that are too\n"
+      "long for a line of figures lack their start.\n"
       "\n"
-      "As JSON, one file is an object, several are {\"files\": [...], \"total\": {...}}.");
+      "As JSON, one file is an object; several are {\"files\": [...], \"total\": {...}}.");
   info->callback([&arguments] { arguments.Info = true; });
 }
 
 void AddDump(CLI::App& app, Arguments& arguments) {
-  CLI::App* dump = app.add_subcommand("dump", "Print the model of a file as JSON");
-  dump->add_option("FILE", arguments.Paths, "A VRML file, plain or packed by gzip or PK-zip")
+  CLI::App* dump = app.add_subcommand("dump", "Print the model of a file as JSON")->group("Commands");
+  dump->add_option("FILE", arguments.Paths, "A VRML file, plain or packed (gzip, PK-zip)")
       ->required()
       ->expected(1)
       ->option_text(" ");
@@ -47,8 +49,8 @@ std::unique_ptr<CLI::App> MakeCommandLine(Arguments& arguments) {
   app->failure_message([](const CLI::App* /*app*/, const CLI::Error& error) {
     return std::string("qelvrml: ") + error.what() + "; --help tells more\n";
   });
+  app->get_formatter()->column_width(16);
   app->get_formatter()->label("SUBCOMMAND", "COMMAND");
-  app->get_formatter()->label("Subcommands", "Commands");
   AddInfo(*app, arguments);
   AddDump(*app, arguments);
   app->footer(ExitStatusText());

@@ -28,6 +28,13 @@ inline constexpr int StatusWrongArguments = 64;
 inline constexpr int StatusInternalError = 70;
 inline constexpr int StatusOutOfMemory = 71;
 
+/// Behind what --help says first.
+inline constexpr const char* Description =
+    "Results go to standard output. What went wrong stands in one line on standard error.\n"
+    "Files are read leniently: what a file holds and isn't known, or can't be used, is passed over, and info tells so "
+    "in\n"
+    "notes.";
+
 /// A word of a table, and what it means.
 struct Meaning {
   const char* Word;
@@ -51,10 +58,9 @@ inline constexpr std::array Variables = {
 
 inline constexpr std::array Examples = {
     Meaning{"qelvrml info desk.wrl", "tells what desk.wrl holds, and what of it couldn't be read"},
-    Meaning{"qelvrml info models more/lamp.wrz",
-            "a line for each scene in the folder models, one for the lamp, a total"},
-    Meaning{"qelvrml info --json models >models.json", "the same as JSON"},
-    Meaning{"qelvrml dump desk.wrl >desk.json", "every group, object and texture of the model"},
+    Meaning{"qelvrml info models lamp.wrz", "gives a line for each scene in the folder models and one for lamp.wrz"},
+    Meaning{"qelvrml info --json models >models.json", "writes the same as JSON"},
+    Meaning{"qelvrml dump desk.wrl >desk.json", "writes every group, object and texture of the model"},
 };
 
 /// Ends of the names of files that are looked for in folders, in any case.

@@ -14,11 +14,14 @@ std::string ReadWholeFile(const std::string& path) {
   return text.str();
 }
 
-ToolOutput RunTool(const std::string& arguments, const std::string& before) {
+ToolOutput RunShell(const std::string& command) {
   const TemporaryFolder folder;
   const std::string out = (folder.Path() / "out").string();
   const std::string error = (folder.Path() / "error").string();
-  const std::string command = before + QELVRML_TOOL_PATH + " " + arguments + " >" + out + " 2>" + error;
-  const int status = std::system(command.c_str());
+  const int status = std::system(("(" + command + "\n) >" + out + " 2>" + error).c_str());
   return {WEXITSTATUS(status), ReadWholeFile(out), ReadWholeFile(error)};
+}
+
+ToolOutput RunTool(const std::string& arguments, const std::string& before) {
+  return RunShell(before + QELVRML_TOOL_PATH + " " + arguments);
 }
