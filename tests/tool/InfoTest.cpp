@@ -15,7 +15,9 @@ using testing::ContainsRegex;
 using testing::HasSubstr;
 using testing::Not;
 
-const std::string Grid = "#VRML V2.0 utf8\nShape { geometry ElevationGrid { xDimension 101 zDimension 101 } }";
+const std::string Grid =
+    "#VRML V2.0 utf8\nShape { geometry ElevationGrid { xDimension 101 zDimension 101 xSpacing 1 zSpacing 1 height 0 } "
+    "}";
 
 std::string Cube(const std::string& width) {
   return "#VRML V1.0 ascii\nCube { width " + width + " height " + width + " depth " + width + " }";

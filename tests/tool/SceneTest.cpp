@@ -38,7 +38,9 @@ TEST(Scenes, HoldWhatTheirFormulasGive) {
     std::filesystem::path path = entry.path();
     if (path.extension() != ".json") continue;
     const Json expected = Json::parse(ReadWholeFile(path.string()));
-    EXPECT_EQ(Difference(expected, Dump(path.replace_extension("wrl").string())), "") << path;
+    Json dump = Dump(path.replace_extension("wrl").string());
+    EXPECT_EQ(dump.erase("notes"), 1);
+    EXPECT_EQ(Difference(expected, dump), "") << path;
     ++scenes;
   }
   EXPECT_EQ(scenes, 12);

