@@ -8,7 +8,6 @@
 #include <system_error>
 
 #include "Progress.h"
-#include "Text.h"
 #include "qelvrml/platform/brixex/textures/CKelTextureManager.h"
 
 namespace {
@@ -71,7 +70,6 @@ LoadedFile LoadFile(const std::string& path) {
   file.Warning = parser.GetLastWarning();
   file.Notes = parser.GetNotes();
   file.UnlistedNotes = parser.GetUnlistedNotes();
-  for (const CBasicString& name : parser.GetMissingFiles()) file.MissingFiles.push_back(Printable(name));
   return file;
 }
 

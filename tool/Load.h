@@ -18,8 +18,7 @@ struct LoadedFile {
   int Warning = 0;
   std::vector<CVRMLNote> Notes;
   std::uint64_t UnlistedNotes = 0;
-  std::vector<std::string> MissingFiles;  ///< asked for by the scene and not found
-  double Seconds = 0.0;                   ///< time of the load
+  double Seconds = 0.0;  ///< time of the load
 };
 
 /// Loads a file, with a progress bar if standard error is a terminal.

@@ -10,8 +10,9 @@ namespace {
 
 struct NoteKind {
   VRMLNoteTypes Kind;
-  const char* Name;  ///< in JSON
-  const char* What;  ///< for people, behind the name that the note gives and a colon
+  const char* Name;             ///< in JSON
+  const char* What;             ///< for people, behind the name that the note gives and a colon
+  const char* Alone = nullptr;  ///< for people without a name, where that is another sentence
 };
 
 constexpr std::array NoteKinds = {
@@ -23,14 +24,17 @@ constexpr std::array NoteKinds = {
     NoteKind{VRMLNoteUnknownUse, "unknownUse", "USE of a name that means nothing"},
     NoteKind{VRMLNoteUnknownField, "unknownField", "a field that the prototype doesn't have"},
     NoteKind{VRMLNoteFieldWithoutValue, "fieldWithoutValue", "a field of a type whose values aren't read"},
-    NoteKind{VRMLNoteDroppedPrototype, "droppedPrototype", "a PROTO that has no end or can't be read, not declared"},
-    NoteKind{VRMLNoteNamelessPrototype, "namelessPrototype", "a PROTO whose name was taken already, never used"},
+    NoteKind{VRMLNoteDroppedPrototype, "droppedPrototype", "a PROTO that can't be read to its end, not declared"},
+    NoteKind{VRMLNoteNamelessPrototype, "namelessPrototype", "a PROTO whose name was taken already, of no use"},
     NoteKind{VRMLNoteMissingFile, "missingFile", "not found"},
     NoteKind{VRMLNoteRefusedFile, "refusedFile", "found, and can't be used"},
     NoteKind{VRMLNoteLimit, "limit", "limit reached, and what was beyond it left out"},
     NoteKind{VRMLNoteExtrusionWithoutData, "extrusionWithoutData", "lacks a spine or a cross-section"},
     NoteKind{VRMLNoteEmptyGeometry, "emptyGeometry", "added nothing to the model"},
     NoteKind{VRMLNoteNothingChosen, "nothingChosen", "chose none of its children"},
+    NoteKind{VRMLNoteLostEnd, "lostEnd", "its end was lost, and its } ended what was around it"},
+    NoteKind{VRMLNoteNoGeometry, "noGeometry", "a PROTO that no node uses, and no node makes an object",
+             "no node makes an object"},
 };
 
 constexpr bool InOrder() {
@@ -43,11 +47,22 @@ static_assert(NoteKinds.size() == VRMLNoteTypeCount && InOrder(), "a row for eac
 
 const NoteKind& KindOf(VRMLNoteTypes kind) { return NoteKinds.at(kind); }
 
-// " of parts/a.wrl": the path as seen from the main file's folder, and nothing for the main file itself.
-std::string OfFile(const std::string& file, const std::string& mainFile) {
-  if (file.empty() || file == mainFile) return "";
-  const std::string folder = std::filesystem::path(mainFile).parent_path().string() + "/";
-  return " of " + Printable(file.starts_with(folder) ? file.substr(folder.size()) : file);
+bool NamesFile(VRMLNoteTypes kind) { return kind == VRMLNoteMissingFile || kind == VRMLNoteRefusedFile; }
+
+// A path as seen from the folder of the main file, if it is in there.
+std::string FromFolder(const CBasicString& path, const std::string& mainFile) {
+  const std::string text = Printable(path);
+  const std::string folder = std::filesystem::path(Printable(mainFile)).parent_path().string() + "/";
+  return text.starts_with(folder) ? text.substr(folder.size()) : text;
+}
+
+// ", 22 times, first in line 14 of parts/a.wrl", or less if there is no more to tell.
+std::string Place(const CVRMLNote& note, const std::string& mainFile) {
+  std::string text = note.Count > 1 ? ", " + Grouped(note.Count) + " times" : "";
+  if (note.Line == 0) return text;
+  text += (note.Count > 1 ? ", first in line " : ", once, in line ") + Grouped(static_cast<unsigned>(note.Line));
+  if (note.File != mainFile.c_str()) text += " of " + FromFolder(note.File, mainFile);
+  return text;
 }
 
 }  // namespace
@@ -55,8 +70,8 @@ std::string OfFile(const std::string& file, const std::string& mainFile) {
 std::string KindName(VRMLNoteTypes kind) { return KindOf(kind).Name; }
 
 std::string Sentence(const CVRMLNote& note, const std::string& mainFile) {
-  const std::string name = Printable(note.Name);
-  const std::string times = note.Count == 1 ? ", once" : ", " + Grouped(note.Count) + " times, first";
-  return (name.empty() ? "" : name + ": ") + KindOf(note.Kind).What + times + " in line " + std::to_string(note.Line) +
-         OfFile(ToUtf8(note.File), mainFile);
+  const NoteKind& kind = KindOf(note.Kind);
+  const std::string name = NamesFile(note.Kind) ? FromFolder(note.Name, mainFile) : Printable(note.Name);
+  if (!name.empty()) return name + ": " + kind.What + Place(note, mainFile);
+  return (kind.Alone ? kind.Alone : kind.What) + Place(note, mainFile);
 }

@@ -77,7 +77,6 @@ void PrintReport(const LoadedFile& file, const Census& census) {
   lines.Add("units", UnitsName(file.Units) + " (" + UnitsMeaning(file.Units) + ")");
   lines.Add("warning", WarningText(file.Warning));
   AddModel(file, census, lines);
-  for (const std::string& name : file.MissingFiles) lines.Add("not found", name);
   AddNoteLines(file, lines);
   lines.Add("time", Duration(file.Seconds));
   if (census.Objects == 0 && !file.Notes.empty()) {

@@ -61,8 +61,8 @@ TEST(Tool, ShowsTexturesAndWhatIsMissing) {
   EXPECT_THAT(dump.Out, HasSubstr(R"("texture":{"id":1,"wrapS":1,"wrapT":1,"rotation":85.94)"));
   const ToolOutput info = RunTool("info " + path);
   EXPECT_THAT(info.Out, HasSubstr("3 x 2 pixels"));
-  for (const std::string missing : {"/images/none.png", "/none.png", "/part.wrl"}) {
-    EXPECT_THAT(info.Out, testing::ContainsRegex("not found +" + (folder.Path().string() + missing) + "\n"));
+  for (const std::string missing : {"images/none.png", "none.png", "part.wrl"}) {
+    EXPECT_THAT(info.Out, HasSubstr("  " + missing + ": not found, once, in line 5\n"));
   }
 }
 
@@ -90,7 +90,9 @@ TEST(Tool, SaysWhatWentWrong) {
     EXPECT_THAT(output.Error, HasSubstr(words));
     EXPECT_EQ(std::count(output.Error.begin(), output.Error.end(), '\n'), 1) << output.Error;
     EXPECT_THAT(output.Out, StartsWith("{\"result\":\"VRMLLoad")) << "JSON for every result";
-    if (words != "is a folder") EXPECT_EQ(RunTool("info " + path).Status, status);
+    if (words != "is a folder") {  // info looks into those
+      EXPECT_EQ(RunTool("info " + path).Status, status);
+    }
   }
 }
 
