@@ -14,13 +14,13 @@
 
 namespace {
 
-constexpr std::size_t LabelWidth = 28;
+constexpr std::size_t LabelWidth = 20;  // leaves room for the longest explanation of a unit in 80 columns
 
 /// Writes the lines of a report to standard output.
 class ReportLines {
 public:
   void Add(const std::string& label, const std::string& value) {
-    const std::size_t padding = LabelWidth - std::min(Columns(label), LabelWidth);
+    const std::size_t padding = std::max(LabelWidth - std::min(Columns(label), LabelWidth), std::size_t{2});
     std::cout << Paint.Label(label) << std::string(padding, ' ') << value << '\n';
   }
   void Add(const std::string& label, std::uint64_t count) { Add(label, Grouped(count)); }
@@ -41,7 +41,7 @@ void AddTextures(const CKelTextureManager& textures, ReportLines& lines) {
   for (int i = 0; i < textures.GetNumberTextures(); ++i) {
     const CKelTexture& texture = *textures.GetTextureAt(i);
     const std::string name = Printable(texture.GetFilename());
-    lines.Add("  " + (name.empty() ? std::string("pixels of the file") : name) + "  ",
+    lines.Add("  " + (name.empty() ? std::string("pixels of the file") : name),
               Measure(texture.GetWidth(), 10) + " x " + Measure(texture.GetHeight(), 10) + " pixels");
   }
 }

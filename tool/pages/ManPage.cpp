@@ -79,8 +79,8 @@ std::string CommandText(const CLI::App& command) {
 
 std::string ManPage(const CLI::App& app) {
   std::ostringstream page;
-  page << ".TH QELVRML 1 \"\" \"" << Roff(app.version()) << "\" \"User Commands\"\n"
-       << ".SH NAME\nqelvrml \\- tell what VRML files hold\n.SH SYNOPSIS\n";
+  page << R"(.TH QELVRML 1 "" ")" << Roff(app.version()) << R"(" "User Commands")"
+       << "\n.SH NAME\nqelvrml \\- tell what VRML files hold\n.SH SYNOPSIS\n";
   for (const CLI::App* command : Commands(app)) page << Usage(*command) << "\n.br\n";
   for (const CLI::Option* option : Options(app)) {
     page << Bold("qelvrml") << " " << Bold(Names(*option).back()) << "\n.br\n";
