@@ -18,7 +18,7 @@ struct NoteKind {
 constexpr std::array NoteKinds = {
     NoteKind{VRMLNoteUnknownNode, "unknownNode", "passed over"},
     NoteKind{VRMLNoteDroppedNode, "droppedNode", "read and dropped"},
-    NoteKind{VRMLNoteDroppedName, "droppedName", "names a node that was left out"},
+    NoteKind{VRMLNoteDroppedName, "droppedName", "DEF of a node that was left out"},
     NoteKind{VRMLNoteMisplacedNode, "misplacedNode", "out of place, and its } ended the node around it"},
     NoteKind{VRMLNoteRootClosed, "rootClosed", "a } too many, and what stands behind it is in no scope"},
     NoteKind{VRMLNoteUnknownUse, "unknownUse", "USE of a name that means nothing"},

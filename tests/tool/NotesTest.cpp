@@ -28,7 +28,7 @@ notes               9
   gone.wrl: not found, once, in line 3 of part.wrl
   text.wrl: found, and can't be used, once, in line 3
   PointLight: read and dropped, once, in line 3
-  lamp: names a node that was left out, once, in line 3
+  lamp: DEF of a node that was left out, once, in line 3
   P.size: a field that the prototype doesn't have, once, in line 4
   bolt: USE of a name that means nothing, 3 times, first in line 4
   Extrusion: lacks a spine or a cross-section, once, in line 5
