@@ -47,6 +47,12 @@ std::string NotesOf(const Model& model) {
   return text;
 }
 
+std::string Repeat(const std::string& text, int count) {
+  std::string all;
+  for (int i = 0; i < count; ++i) all += text;
+  return all;
+}
+
 // Lines are counted from the header on, which is the first.
 constexpr const char* Version10 = "#VRML V1.0 ascii\n";
 constexpr const char* Version20 = "#VRML V2.0 utf8\n";
@@ -79,7 +85,7 @@ TEST(Note, NodesThatArePassedOver) {
       {Version20, "Shape { metadata M { a 1 } geometry Box {} }", "misplaced M 2;root closed  2;"},
       {Version20, "Shape { appearance Appearance { material Material {} texture Foo {} } geometry Box {} }",
        "unknown Foo 2;"},
-      {Version20, "PixelTexture { image 1 1 1 0xFF }\nBox {}", "dropped PixelTexture 2;"},
+      {Version20, "DEF p PixelTexture { image 1 1 1 0xFF }\nBox {}", "dropped PixelTexture 2;name p 2;"},
   };
   for (const NotedScene& scene : scenes) ExpectNotes(scene);
 }
@@ -105,6 +111,10 @@ TEST(Note, NamesAndPrototypes) {
        "PROTO P [ field SFFloat r 1 field SFNode n NULL ] { Sphere { radius IS r } }\n"
        "P { r 2 size 1 2 3 look Look { r 3 } n Box { size 1 1 1 } end TRUE }\nP {\n}",
        "field P.size 3;field P.look 3;no value P.n 3;field P.end 3;"},
+      // What stands in the place of a value isn't a field.
+      {Version20,
+       "PROTO P [ field MFString u [] field SFColor c 1 0 0 ] { Sphere {} }\nP { u \"x\" }\nP { c IS v }\nP { u [] }",
+       "no value P.u 3;no value P.c 4;"},
       {Version20, "PROTO Cube [] { Box {} }\nPROTO P [] { Box {} }\nPROTO P [] { Cone {} } P {}",
        "nameless Cube 2;nameless P 4;"},
       {Version20, "PROTO P [] Box {}\nPROTO Q [] { Box {} }", "dropped prototype P 2;no geometry Q 0;"},
@@ -134,6 +144,9 @@ TEST(Note, FilesAreNamedWithTheOneThatAsksForThem) {
   folder.Write("part.wrl", "#VRML V2.0 utf8\n\nFoo {} Inline { url \"gone.wrl\" }\nInline { url \"main.wrl\" } Box {}");
   folder.Write("text.wrl", "just a text");
   folder.Write("image.png", "no image");
+  folder.Write("passed.wrl",
+               "#VRML V2.0 utf8\nTransform { children DEF a Inline { url \"gone.wrl\" } }\nBox {}\n"
+               "Switch { whichChoice 1 choice [ DEF b Inline { url \"image.png\" } Box {} ] }");
   const std::string main = folder.Write("main.wrl",
                                         "#VRML V2.0 utf8\nInline { url \"part.wrl\" }\nInline { url \"text.wrl\" }\n"
                                         "Inline { url \"gone.wrl\" }\nFoo {}");
@@ -144,6 +157,8 @@ TEST(Note, FilesAreNamedWithTheOneThatAsksForThem) {
   const std::vector<CVRMLNote>& notes = model.Parser->GetNotes();
   EXPECT_EQ(TextOf(notes[0].File), path + "part.wrl");
   EXPECT_EQ(TextOf(notes[3].File), main);
+  EXPECT_EQ(NotesOf(LoadFile(folder.Path() / "passed.wrl")), "missing " + path + "gone.wrl 2;")
+      << "once, though the text is passed over first";
 }
 
 TEST(Note, APackedFileGoesByItsOwnName) {
@@ -168,6 +183,8 @@ TEST(Note, OnlySoManyAreKept) {
   model = LoadBytes(std::string(Version10) + std::string(1000, 'x') + " {} Cube {}");
   ASSERT_EQ(model.Parser->GetNotes().size(), 1U);
   EXPECT_EQ(model.Parser->GetNotes()[0].Name.GetLength(), 256);
+  model = LoadBytes(std::string(Version20) + 'x' + Repeat("\u00E9", 200) + " {} Cube {}");
+  EXPECT_EQ(model.Parser->GetNotes()[0].Name.GetLength(), 128) << "no half of a character";
 }
 
 TEST(Note, TheyAreThoseOfTheLastLoad) {
@@ -181,20 +198,19 @@ TEST(Note, TheyAreThoseOfTheLastLoad) {
   EXPECT_EQ(NotesOf(model), "unknown Bar 2;");
   model.Parser->Parse(model.World.get(), u"/nowhere.wrl");
   EXPECT_EQ(NotesOf(model), "");
+  for (const char* scene : {"#VRML V1.0 ascii\nDEF box Cube {}", "#VRML V1.0 ascii\nUSE box"}) {
+    model.Parser->Parse(model.World.get(), CBasicString(folder.Write("c.wrl", scene).c_str()));
+  }
+  EXPECT_EQ(NotesOf(model), "") << "the name makes an object";
 }
 
 TEST(Note, LimitsThatAreReached) {
-  const auto repeat = [](const std::string& text, int count) {
-    std::string all;
-    for (int i = 0; i < count; ++i) all += text;
-    return all;
-  };
   struct {
     std::string Text;
     const char* Name;
   } const scenes[] = {
-      {Version10 + repeat("Separator { ", 501) + "Cube {}", "open scopes"},
-      {Version20 + repeat("Switch { whichChoice 0 choice ", 501) + "Box {}", "nodes inside one another"},
+      {Version10 + Repeat("Separator { ", 501) + "Cube {}", "open scopes"},
+      {Version20 + Repeat("Switch { whichChoice 0 choice ", 501) + "Box {}", "nodes inside one another"},
       {std::string(Version20) + "PROTO P [] { Group { children P {} } }\nP {}", "prototypes inside one another"},
       {std::string(Version20) + "Inline { url \"" + std::string(5000, 'x') + "\" }", "length of a file's name"},
   };
@@ -206,4 +222,42 @@ TEST(Note, LimitsThatAreReached) {
     }
     EXPECT_TRUE(noted) << scene.Name << ": " << NotesOf(model);
   }
+}
+
+// A callback may end the reading of the text that a node stands in.
+TEST(Note, TheTextMayBeGone) {
+  static CVRMLParser* reading = nullptr;
+  const TemporaryFolder folder;
+  const std::string path =
+      folder.Write("a.wrl", Version10 + std::string("IndexedFaceSet {") + Repeat(" 0", 10'000) + " }");
+  CKelWorld world;
+  CVRMLParser parser;
+  reading = &parser;
+  parser.SetLoaderPtr([](int /*percentage*/) { reading->GetIOManager()->CloseFile(); });
+  parser.Parse(&world, CBasicString(path.c_str()));
+  ASSERT_EQ(parser.GetNotes().size(), 1U);
+  EXPECT_EQ(TextOf(parser.GetNotes()[0].Name), "IndexedFaceSet");
+}
+
+// Places that lie far from one another in turn, and long names in front of many fields.
+TEST(Note, TheyTakeTimeInProportionToTheText) {
+  std::string scene = Version20;
+  std::string word = "pointset";
+  const auto flip = [&word](int index) {
+    for (std::size_t i = 0; i < word.size(); ++i) {
+      const bool upper = (static_cast<unsigned>(index) >> i & 1U) != 0;
+      word[i] = static_cast<char>(upper ? word[i] & ~0x20 : word[i] | 0x20);
+    }
+    return word + " { coord ";
+  };
+  for (int i = 0; i < 100; ++i) scene += flip(i);
+  scene += "Coordinate {}" + std::string(30'000'000, '\n');
+  for (int i = 0; i < 101; ++i) scene += "X" + std::to_string(i) + " {} ";
+  const Model far = LoadBytes(scene + Repeat("} ", 100));
+  EXPECT_GT(far.Parser->GetNotes().size(), 150U);
+
+  const std::string name(200'000, 'P');
+  const Model many =
+      LoadBytes(Version20 + ("PROTO " + name) + " [] { Box {} }\n" + name + " {" + Repeat(" a 1", 100'000) + " }");
+  EXPECT_EQ(many.Parser->GetNotes()[0].Count, 100'000U);
 }

@@ -29,6 +29,25 @@ private:
   LoadState& Load;
 };
 
+// Files in text that is passed over are read as well, and once more where that text is read.
+void NoteFile(CVRMLParser& parser, VRMLNoteTypes kind, const CBasicString& path) {
+  if (!parser.GetSkippingBlock()) NoteName(parser, kind, path);
+}
+
+void ListMissingFile(CVRMLParser& parser, const CBasicString& path) {
+  LoadState& load = ParserInternals::Load(parser);
+  const std::u16string_view name = path.GetView();
+  if (name.size() > MaximumMissingCharacters - load.MissingCharacters) return;
+  if (!load.MissingFiles.emplace(name).second) return;
+  load.MissingCharacters += name.size();
+  ParserInternals::MissingFiles(parser).push_back(path);
+}
+
+void NoteMissingSubfile(CVRMLParser& parser, const CBasicString& path) {
+  NoteFile(parser, VRMLNoteMissingFile, path);
+  ListMissingFile(parser, path);
+}
+
 // Lets the parser's own token source read an opened file to its end.
 bool ReadOpenedFile(CVRMLParser& parser, CVRMLIOManager& subfile) {
   const InputFrame frame(parser);
@@ -45,7 +64,7 @@ bool ReadOpenedFile(CVRMLParser& parser, CVRMLIOManager& subfile) {
 bool MayRead(CVRMLParser& parser, const CKelFileInterface& file, const CBasicString& path, bool again) {
   const auto& reading = ParserInternals::Load(parser).FilesBeingRead;
   if (std::find(reading.begin(), reading.end(), file.GetIdentity()) != reading.end()) {
-    NoteName(parser, VRMLNoteRefusedFile, path);
+    NoteFile(parser, VRMLNoteRefusedFile, path);
     return false;
   }
   return !again || CanMake(parser, {.ExpandedText = static_cast<std::uint64_t>(file.GetFileSize())});
@@ -61,21 +80,21 @@ bool ReadSubfile(CVRMLParser& parser, const CBasicString& path, bool noteIfMissi
   if (!AskForFile(parser)) return false;
   if (!CanMake(parser, {.Steps = StepsOfASubfile})) return false;
   if (load.MissingFiles.count(std::u16string(path.GetView())) > 0) {
-    NoteName(parser, VRMLNoteMissingFile, path);
+    NoteFile(parser, VRMLNoteMissingFile, path);
     return false;
   }
   CVRMLIOManager subfile;
   CKelFileInterface& file = subfile.GetFileInterface();
   file.SetFolders(&load.Folders);
-  if (!file.Open(path) && noteIfMissing) NoteMissingFile(parser, path);
+  if (!file.Open(path) && noteIfMissing) NoteMissingSubfile(parser, path);
   if (!file.GetFileHandleIsValid()) return false;
   const bool again = load.FilesRead.count(file.GetIdentity()) > 0;
   if (!MayRead(parser, file, path, again)) return false;
   load.FilesRead.insert(file.GetIdentity());
   subfile.SetFilename(path);
   const VRMLLoadResultTypes opened = subfile.OpenFile();
-  if (opened == VRMLLoadOpenFailed && noteIfMissing) NoteMissingFile(parser, path);
-  if (opened == VRMLLoadFailed) NoteName(parser, VRMLNoteRefusedFile, path);
+  if (opened == VRMLLoadOpenFailed && noteIfMissing) NoteMissingSubfile(parser, path);
+  if (opened == VRMLLoadFailed) NoteFile(parser, VRMLNoteRefusedFile, path);
   if (opened != VRMLLoadOK) return false;
 
   const auto size = static_cast<std::uint64_t>(subfile.GetTotalFileSize());
@@ -103,14 +122,10 @@ bool AskForFile(CVRMLParser& parser) {
   return allowed;
 }
 
+// An image is looked for once, also if that is where text is passed over.
 void NoteMissingFile(CVRMLParser& parser, const CBasicString& path) {
   NoteName(parser, VRMLNoteMissingFile, path);
-  LoadState& load = ParserInternals::Load(parser);
-  const std::u16string_view name = path.GetView();
-  if (name.size() > MaximumMissingCharacters - load.MissingCharacters) return;
-  if (!load.MissingFiles.emplace(name).second) return;
-  load.MissingCharacters += name.size();
-  ParserInternals::MissingFiles(parser).push_back(path);
+  ListMissingFile(parser, path);
 }
 
 }  // namespace qelvrml

@@ -13,7 +13,7 @@ enum VRMLNoteTypes : std::uint32_t {
   VRMLNoteRootClosed = 4,             ///< a } closed the scope of the whole file: what stands behind it has no scope
   VRMLNoteUnknownUse = 5,             ///< a USE of a name that means nothing
   VRMLNoteUnknownField = 6,           ///< an instance gave a field that its prototype doesn't have
-  VRMLNoteFieldWithoutValue = 7,      ///< an instance gave a field whose type has no values that are read
+  VRMLNoteFieldWithoutValue = 7,      ///< an instance gave a field without a value that is read for its type
   VRMLNoteDroppedPrototype = 8,       ///< a PROTO couldn't be read to its end, and isn't declared
   VRMLNoteNamelessPrototype = 9,      ///< the word behind a PROTO was taken already: no instance can name it
   VRMLNoteMissingFile = 10,           ///< a file couldn't be opened

@@ -159,7 +159,7 @@ VRMLLoadResultTypes CVRMLParser::ReadScene() {
     if (ParseBlock()) result = VRMLLoadOK;
   }
   if (LastWarning != VRMLWarningNone && result == VRMLLoadOK) result = VRMLLoadWarnings;
-  if (!Load->MetGeometry) qelvrml::NoteNoGeometry(*this);
+  if (!Load->MetGeometry && Load->ObjectsAdded == 0) qelvrml::NoteNoGeometry(*this);
   Load->Root = nullptr;
   PopSeparator();
   IOManager.CloseFile();

@@ -157,12 +157,16 @@ void PassOverWords(CVRMLParser& parser) {
   }
 }
 
+constexpr std::size_t LongestKeyword = 32;  // none is longer
+
 // Calls a parse operation, and notes what it fails to do: to add an object, if the node is a geometry, and to end on
 // the node's }, if it is to.
 bool ParseWatched(CVRMLParser& parser, VRMLTokenTypes type, NodeParser parse) {
   qelvrml::LoadState& load = qelvrml::ParserInternals::Load(parser);
   const std::uint64_t added = load.ObjectsAdded;
-  const std::string_view name = parser.GetIOManager()->GetCurrentTokenText();
+  std::array<char, LongestKeyword> spelling;  // kept here, for a callback may give the text up
+  const std::string_view word = parser.GetIOManager()->GetCurrentTokenText();
+  const std::string_view name(spelling.data(), word.copy(spelling.data(), spelling.size()));
   const char* place = parser.GetIOManager()->GetCurrentPlace();
   const bool hasScope = parser.GetCurrentSeparator() != nullptr;  // else most operations do nothing
   const bool result = (parser.*parse)();

@@ -226,7 +226,9 @@ bool CVRMLParser::ParsePixelTexture() {
   });
   if (!texture || !image.CanBeMade) return false;
   if (image.Width <= 0 || image.Height <= 0 || image.Components < FewestComponents) {
-    if (!SkippingBlock) qelvrml::Note(*this, VRMLNoteDroppedNode, "PixelTexture", place);
+    if (SkippingBlock) return false;
+    qelvrml::Note(*this, VRMLNoteDroppedNode, "PixelTexture", place);
+    if (DefinedEntity) qelvrml::NoteName(*this, VRMLNoteDroppedName, EntityName, place);
     return false;
   }
   const int id = GetTextureManager()->RegisterTexture(texture.get());

@@ -32,16 +32,18 @@ private:
   bool BehindWord = false;
 };
 
-void AddField(CVRMLPrototype& prototype, const CVRMLPrototypeField& field, CVRMLIOManager& tokens, CKelList& list) {
+// False if the text has no value that is read for the field's type.
+bool AddField(CVRMLPrototype& prototype, const CVRMLPrototypeField& field, CVRMLIOManager& tokens, CKelList& list) {
   char* value = nullptr;
   int length = 0;
-  tokens.CaptureFieldText(&value, &length, field.GetType(), &prototype);
+  const bool captured = tokens.CaptureFieldText(&value, &length, field.GetType(), &prototype);
   CBasicAllocatedText owned(value);
   std::unique_ptr<CVRMLPrototypeField> given(
       CVRMLPrototype::CreateField(field.GetName(), field.GetType(), value, length));
-  if (!given) return;
+  if (!given) return captured;
   owned.release();
   if (list.AddTail(given.get())) given.release();
+  return captured;
 }
 
 }  // namespace
@@ -57,12 +59,11 @@ bool ReadInstanceFields(CVRMLPrototype& prototype, const char* text, int length,
     const CBasicString name(tokens.GetCurrentTokenText());
     const CVRMLPrototypeField* field = fields.Find(name.GetView());
     if (!field && names.IsName(tokens)) inVain(VRMLNoteUnknownField, tokens.GetCurrentTokenText());
-    const bool hasValue = field && field->GetType() != VRMLFieldUnknown;
-    if (field && !hasValue) inVain(VRMLNoteFieldWithoutValue, tokens.GetCurrentTokenText());
     tokens.Tokenize();
     if (!field) continue;
+    const bool hasValue = AddField(prototype, *field, tokens, list);
+    if (!hasValue) inVain(VRMLNoteFieldWithoutValue, field->GetNarrowName());
     names.StepBehindField(hasValue);
-    AddField(prototype, *field, tokens, list);
   }
   tokens.StopBufferReading();
   return true;

@@ -11,6 +11,7 @@
 #include "qelvrml/dictionary/Recording.h"
 #include "qelvrml/foundation/ScopedValue.h"
 #include "qelvrml/parser/load/LoadState.h"
+#include "qelvrml/parser/load/NoteBook.h"
 #include "qelvrml/parser/load/Notes.h"
 #include "qelvrml/parser/load/ParserInternals.h"
 #include "qelvrml/parser/reading/InputFrame.h"
@@ -81,9 +82,10 @@ bool CanMerge(CVRMLParser& parser, CVRMLPrototype& prototype, std::uint64_t ownT
 bool Expand(CVRMLParser& parser, CVRMLPrototype& prototype, const Instance& instance) {
   const auto ownText = static_cast<std::uint64_t>(instance.Text ? std::max(instance.Length, 0) : 0);
   if (!CanMerge(parser, prototype, ownText)) return false;
+  std::string prefix;  // of the names; made when it is needed
   const auto noteField = [&](VRMLNoteTypes kind, std::string_view field) {
-    const char* name = instance.Prototype.GetNarrowText();
-    qelvrml::Note(parser, kind, std::string(name ? name : "").append(".").append(field), instance.Place);
+    if (prefix.empty()) prefix = qelvrml::NotedName(instance.Prototype) + '.';
+    qelvrml::Note(parser, kind, prefix + std::string(field.substr(0, qelvrml::NoteBook::LongestName)), instance.Place);
   };
   qelvrml::InstanceMerge merge(prototype, instance.Text, instance.Length, noteField);
   const std::uint64_t merged = merge.GetLength();

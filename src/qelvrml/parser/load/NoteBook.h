@@ -31,7 +31,7 @@ public:
   /// Counts something; `place` gives the NotedPlace of the first one. A note that finds no memory isn't listed.
   template <class Place>
   void Add(VRMLNoteTypes kind, std::string_view name, Place place) noexcept {
-    name = name.substr(0, LongestName);
+    name = Cut(name);
     try {
       if (!CountAgain(kind, name)) AddFirst(kind, name, place());
     } catch (...) {
@@ -52,6 +52,7 @@ private:
     bool operator()(const KeyView& a, const KeyView& b) const { return a == b; }
   };
 
+  static std::string_view Cut(std::string_view name);
   bool CountAgain(VRMLNoteTypes kind, std::string_view name);
   void AddFirst(VRMLNoteTypes kind, std::string_view name, NotedPlace place);
 

@@ -27,9 +27,16 @@ void Note(CVRMLParser& parser, VRMLNoteTypes kind, std::string_view name, const 
   });
 }
 
+std::string NotedName(const CBasicString& name) {
+  std::u16string_view start = name.GetView().substr(0, NoteBook::LongestName);
+  const bool endsInPair = start.size() == NoteBook::LongestName && (start.back() & 0xFC00U) == 0xD800U;
+  if (endsInPair) start.remove_suffix(1);
+  return Narrow(start).value_or(std::string());
+}
+
 void NoteName(CVRMLParser& parser, VRMLNoteTypes kind, const CBasicString& name, const char* place) noexcept {
   try {
-    Note(parser, kind, std::string_view(Narrow(name.GetView()).value_or(std::string())), place);
+    Note(parser, kind, NotedName(name), place);
   } catch (const std::bad_alloc&) {
     Note(parser, kind, std::string_view(), place);
   }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "qelvrml/parser/CVRMLNote.h"
@@ -12,6 +13,9 @@ namespace qelvrml {
 /// at the current token.
 void Note(CVRMLParser& parser, VRMLNoteTypes kind, std::string_view name, const char* place = nullptr) noexcept;
 void NoteName(CVRMLParser& parser, VRMLNoteTypes kind, const CBasicString& name, const char* place = nullptr) noexcept;
+
+/// As much of a name as a note shows: a longer one costs no more.
+std::string NotedName(const CBasicString& name);
 
 /// Counts the node at the current token. Nothing where text is passed over: it is read later, or isn't for the model.
 void NoteNode(CVRMLParser& parser, VRMLNoteTypes kind);

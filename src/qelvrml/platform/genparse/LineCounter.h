@@ -1,21 +1,22 @@
 #pragma once
 
 #include <cstdint>
+#include <vector>
 
 namespace qelvrml {
 
-/// Tells the lines of places in a text. It counts from the place that was asked for before, so that places in their
-/// order cost one pass over the text.
+/// Tells the lines of places in a text. It remembers the lines of places at equal distances, so that all that is asked
+/// for together costs one pass over the text, however the places lie.
 class LineCounter {
 public:
-  explicit LineCounter(const char* begin) : Place(begin) {}
+  explicit LineCounter(const char* begin) : Begin(begin) {}
 
   /// Line of a place of the text, from 1 on; lines end with LF, CR or CRLF.
   std::int64_t GetLineOf(const char* place);
 
 private:
-  const char* Place;
-  std::int64_t Line = 1;
+  const char* Begin;
+  std::vector<std::int64_t> Lines;  ///< in which the blocks of the text end
 };
 
 }  // namespace qelvrml
