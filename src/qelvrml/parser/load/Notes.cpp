@@ -44,10 +44,8 @@ void NoteName(CVRMLParser& parser, VRMLNoteTypes kind, const CBasicString& name,
 
 void NoteNoGeometry(CVRMLParser& parser) {
   const LoadState& load = ParserInternals::Load(parser);
-  const CBasicString prototype = load.MetInstance ? CBasicString() : load.LastPrototype;
-  ParserInternals::Notes(parser).Add(VRMLNoteNoGeometry, Narrow(prototype.GetView()).value_or(std::string()), [&load] {
-    return NotedPlace{load.MainFile, 0};
-  });
+  const std::string prototype = load.MetInstance ? std::string() : NotedName(load.LastPrototype);
+  ParserInternals::Notes(parser).Add(VRMLNoteNoGeometry, prototype, [&load] { return NotedPlace{load.MainFile, 0}; });
 }
 
 bool IsAtEndOfScene(const CVRMLParser& parser) {
