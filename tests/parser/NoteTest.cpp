@@ -236,7 +236,7 @@ TEST(Note, TheTextMayBeGone) {
   parser.SetLoaderPtr([](int /*percentage*/) { reading->GetIOManager()->CloseFile(); });
   parser.Parse(&world, CBasicString(path.c_str()));
   ASSERT_EQ(parser.GetNotes().size(), 1U);
-  EXPECT_EQ(TextOf(parser.GetNotes()[0].Name), "IndexedFaceSet");
+  EXPECT_EQ(TextOf(parser.GetNotes()[0].Name), "");
 }
 
 // Places that lie far from one another in turn, and long names in front of many fields.

@@ -157,27 +157,25 @@ void PassOverWords(CVRMLParser& parser) {
   }
 }
 
-constexpr std::size_t LongestKeyword = 32;  // none is longer
-
 // Calls a parse operation, and notes what it fails to do: to add an object, if the node is a geometry, and to end on
 // the node's }, if it is to.
 bool ParseWatched(CVRMLParser& parser, VRMLTokenTypes type, NodeParser parse) {
   qelvrml::LoadState& load = qelvrml::ParserInternals::Load(parser);
+  CVRMLIOManager& tokens = *parser.GetIOManager();
   const std::uint64_t added = load.ObjectsAdded;
-  std::array<char, LongestKeyword> spelling;  // kept here, for a callback may give the text up
-  const std::string_view word = parser.GetIOManager()->GetCurrentTokenText();
-  const std::string_view name(spelling.data(), word.copy(spelling.data(), spelling.size()));
-  const char* place = parser.GetIOManager()->GetCurrentPlace();
+  const std::string_view name = tokens.GetCurrentTokenText();
+  const char* place = tokens.GetCurrentPlace();
   const bool hasScope = parser.GetCurrentSeparator() != nullptr;  // else most operations do nothing
   const bool result = (parser.*parse)();
   if (parser.GetSkippingBlock()) return result;
+  const auto note = [&](VRMLNoteTypes kind) {  // a callback may have given the text up
+    qelvrml::Note(parser, kind, tokens.IsInText(name) ? name : std::string_view(), place);
+  };
   if (IsGeometry(type)) {
     load.MetGeometry = true;
-    if (load.ObjectsAdded == added) qelvrml::Note(parser, VRMLNoteEmptyGeometry, name, place);
+    if (load.ObjectsAdded == added) note(VRMLNoteEmptyGeometry);
   }
-  if (hasScope && EndsOnBrace(type) && !qelvrml::NodeReader(parser).AtNodeEnd()) {
-    qelvrml::Note(parser, VRMLNoteLostEnd, name, place);
-  }
+  if (hasScope && EndsOnBrace(type) && !qelvrml::NodeReader(parser).AtNodeEnd()) note(VRMLNoteLostEnd);
   return result;
 }
 

@@ -108,6 +108,8 @@ public:
   /// Where the current token begins; to be handed to RememberStretch.
   const char* GetCurrentPlace() const { return Reading.Current().Begin; }
 
+  /// Whether a stretch of memory is a part of the text of the reading.
+  bool IsInText(std::string_view stretch) const;
   /// Whether the current token stands in the text of the reading; a host may have changed one of the two.
   bool IsCurrentTokenInText() const;
   /// For such a token: the numbers of a list from it on, as far as they end ahead of the milestone, or with `toEnd` of
