@@ -20,7 +20,8 @@ constexpr std::array NoteKinds = {
     NoteKind{VRMLNoteDroppedNode, "droppedNode", "read and dropped"},
     NoteKind{VRMLNoteDroppedName, "droppedName", "DEF of a node that was left out"},
     NoteKind{VRMLNoteMisplacedNode, "misplacedNode", "out of place, and its } ended the node around it"},
-    NoteKind{VRMLNoteRootClosed, "rootClosed", "a } too many, and what stands behind it is in no scope"},
+    NoteKind{VRMLNoteRootClosed, "rootClosed",
+             "a } too many, and what stands behind it is in no scope, or in a wrong one"},
     NoteKind{VRMLNoteUnknownUse, "unknownUse", "USE of a name that means nothing"},
     NoteKind{VRMLNoteUnknownField, "unknownField", "a field that the prototype doesn't have"},
     NoteKind{VRMLNoteFieldWithoutValue, "fieldWithoutValue", "a field of a type whose values aren't read"},
@@ -35,6 +36,7 @@ constexpr std::array NoteKinds = {
     NoteKind{VRMLNoteLostEnd, "lostEnd", "its end was lost, and its } ended what was around it"},
     NoteKind{VRMLNoteNoGeometry, "noGeometry", "a PROTO that no node uses, and no node makes an object",
              "no node makes an object"},
+    NoteKind{VRMLNoteLostParts, "lostParts", "faces or lines that name points that there aren't were left out"},
 };
 
 constexpr bool InOrder() {

@@ -32,6 +32,7 @@ const std::map<VRMLNoteTypes, std::string>& NoteKinds() {
       {VRMLNoteNothingChosen, "nothing chosen"},
       {VRMLNoteLostEnd, "lost end"},
       {VRMLNoteNoGeometry, "no geometry"},
+      {VRMLNoteLostParts, "lost parts"},
   };
   return kinds;
 }
@@ -98,10 +99,21 @@ TEST(Note, BracesThatCloseTheWrongScope) {
        "ElevationGrid { xDimension 2 zDimension 2 color Color { color [ 1 0 0 ] }\nheight [ 0 0 0 0 ] }\n"
        "Transform { children Box {} }",
        "misplaced Color 2;empty ElevationGrid 2;root closed  3;"},
+      {Version20, "Shape {\ngeometry DEF t Text # {\n{} }\nBox {}",
+       "misplaced Text 4;unknown Text 3;name t 3;root closed  4;empty Box 5;"},
       {Version10, "Separator { Coordinate3 { point 1 2 3 }\nPointSet {} }\nCube {}",
        "lost end Coordinate3 2;empty PointSet 3;root closed  3;empty Cube 4;"},
   };
   for (const NotedScene& scene : scenes) ExpectNotes(scene);
+}
+
+TEST(Note, AFileThatClosesScopesAroundIt) {
+  const TemporaryFolder folder;
+  const std::string part = folder.Write("part.wrl", "#VRML V1.0 ascii\nCube {} }");
+  const Model model = LoadFile(
+      folder.Write("main.wrl", "#VRML V1.0 ascii\nSeparator {\nWWWInline { name \"part.wrl\" } Cube {} }\nCone {}"));
+  EXPECT_EQ(NotesOf(model), "root closed  x2 2;empty Cone 4;");
+  EXPECT_EQ(TextOf(model.Parser->GetNotes()[0].File), part);
 }
 
 TEST(Note, NamesAndPrototypes) {
@@ -131,6 +143,11 @@ TEST(Note, NamesAndPrototypes) {
 TEST(Note, GeometryThatAddsNothing) {
   const NotedScene scenes[] = {
       {Version10, "Cube {} IndexedFaceSet { coordIndex [ 0 1 2 ] }", "empty IndexedFaceSet 2;"},
+      {Version10, "Coordinate3 { point [ 0 0 0, 1 0 0, 0 1 0 ] }\nIndexedFaceSet { coordIndex [ 0 1 2 -1 0 1 7 -1 ] }",
+       "lost parts IndexedFaceSet 3;"},
+      {Version10, "Coordinate3 { point [ 0 0 0, 1 0 0 ] } IndexedLineSet { coordIndex [ 0 1 -1 1 -2 ] }\nCube {}",
+       "lost parts IndexedLineSet 2;"},
+      {Version20, "PixelTexture { image 100000 100000 3 1 }\nBox {}", "limit pixels of an image 2;"},
       {Version20, "Extrusion {\n}\nBox {}", "extrusion Extrusion 2;empty Extrusion 2;"},
       {Version20, "Cylinder { side FALSE top FALSE bottom FALSE }", ""},
       {Version10, "Switch {\nwhichChoice -1 choice [ Cube {} Cone {} ] }\nSphere {}", "nothing chosen Switch 2;"},

@@ -51,6 +51,7 @@ void NoteMissingSubfile(CVRMLParser& parser, const CBasicString& path) {
 // Lets the parser's own token source read an opened file to its end.
 bool ReadOpenedFile(CVRMLParser& parser, CVRMLIOManager& subfile) {
   const InputFrame frame(parser);
+  const ScopedValue<int> scopes(ParserInternals::Load(parser).ScopesOfFile, parser.GetSeparatorStack()->GetCount());
   CGenericIOState own;
   subfile.SaveIOState(own);
   parser.RestoreIOState(own);

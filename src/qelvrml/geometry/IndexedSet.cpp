@@ -10,6 +10,8 @@
 #include "qelvrml/dictionary/Recording.h"
 #include "qelvrml/geometry/TexturesInUse.h"
 #include "qelvrml/parser/load/Budget.h"
+#include "qelvrml/parser/load/LoadState.h"
+#include "qelvrml/parser/load/ParserInternals.h"
 #include "qelvrml/parser/reading/NodeReader.h"
 #include "qelvrml/platform/brix/brixRunList.h"
 #include "qelvrml/platform/brixex/shapes/CKelPolyface.h"
@@ -40,11 +42,12 @@ brixFloatPointArray PointsOf(std::span<const int> indices, const brixFloatPointA
 }
 
 // The runs that name points only.
-brixIntArray SoundRuns(const brixIntArray& runs, unsigned pointCount) {
+brixIntArray SoundRuns(CVRMLParser& parser, const brixIntArray& runs, unsigned pointCount) {
   if (IsInside(runs.View(), pointCount)) return runs;  // as a rule even the counts would name points
   bool sound = true;
   for (const brixRun& run : brixRunList(runs)) sound = sound && IsInside(run.Indices, pointCount);
   if (sound) return runs;
+  qelvrml::ParserInternals::Load(parser).PartsLeftOut = true;
 
   brixIntArray result;
   for (const brixRun& run : brixRunList(runs)) {
@@ -62,7 +65,7 @@ bool AddFaces(CVRMLParser& parser, const brixFloatPointArray& points, const brix
   if (!qelvrml::CanMake(parser, {.Objects = 1, .Solids = 1, .Points = points.GetSize()})) return false;
   std::unique_ptr<CKelPolyface> face(new (std::nothrow) CKelPolyface);
   if (!face) return false;
-  face->SetPoints(points, SoundRuns(runs, points.GetSize()), !qelvrml::HasTextures(parser));
+  face->SetPoints(points, SoundRuns(parser, runs, points.GetSize()), !qelvrml::HasTextures(parser));
   face->ApplyMatrixToGeometry(parser.GetCurrentSeparator()->GetTransformation(), brixTrue, true);
   return parser.AddObjectToSeparator(face.release());
 }
@@ -78,7 +81,11 @@ bool AddParts(CVRMLParser& parser, bool isFaceSet, bool perPart, const brixFloat
   int part = -1;
   for (const brixRun& run : brixRunList(runs)) {
     ++part;
-    if ((perPart && run.Indices.empty()) || !IsInside(run.Indices, points.GetSize())) continue;
+    if (perPart && run.Indices.empty()) continue;
+    if (!IsInside(run.Indices, points.GetSize())) {
+      qelvrml::ParserInternals::Load(parser).PartsLeftOut = true;
+      continue;
+    }
     std::unique_ptr<CKelPolyline> line(isFaceSet ? new (std::nothrow) CKelPolygon : new (std::nothrow) CKelPolyline);
     if (!line) continue;
     line->SetPolyline(PointsOf(run.Indices, points), isFaceSet);

@@ -6,12 +6,12 @@
 
 /// What a note is about. A load goes on behind each of these; the model lacks what the note says.
 enum VRMLNoteTypes : std::uint32_t {
-  VRMLNoteUnknownNode = 0,            ///< a node of a kind that this library doesn't know was passed over
-  VRMLNoteDroppedNode = 1,            ///< a node was read and dropped: its kind has no place in the model
-  VRMLNoteDroppedName = 2,            ///< the DEF name of a node of one of these two kinds means nothing
-  VRMLNoteMisplacedNode = 3,          ///< a node stood where the node around it reads none; its } ended that one
-  VRMLNoteRootClosed = 4,             ///< a } closed the scope of the whole file: what stands behind it has no scope
-  VRMLNoteUnknownUse = 5,             ///< a USE of a name that means nothing
+  VRMLNoteUnknownNode = 0,    ///< a node of a kind that this library doesn't know was passed over
+  VRMLNoteDroppedNode = 1,    ///< a node was read and dropped: its kind has no place in the model
+  VRMLNoteDroppedName = 2,    ///< the DEF name of a node of one of these two kinds means nothing
+  VRMLNoteMisplacedNode = 3,  ///< a node stood where the node around it reads none; its } ended that one
+  VRMLNoteRootClosed = 4,  ///< a } closed the scope that its file began in: what is behind it has none, or a wrong one
+  VRMLNoteUnknownUse = 5,  ///< a USE of a name that means nothing
   VRMLNoteUnknownField = 6,           ///< an instance gave a field that its prototype doesn't have
   VRMLNoteFieldWithoutValue = 7,      ///< an instance gave a field without a value that is read for its type
   VRMLNoteDroppedPrototype = 8,       ///< a PROTO couldn't be read to its end, and isn't declared
@@ -24,9 +24,10 @@ enum VRMLNoteTypes : std::uint32_t {
   VRMLNoteNothingChosen = 15,         ///< a Switch chose none of its children
   VRMLNoteLostEnd = 16,               ///< a node's end was lost in it: its } closed what was around it
   VRMLNoteNoGeometry = 17,            ///< the file led to no node that makes an object
+  VRMLNoteLostParts = 18,             ///< faces or lines of a set name points that there aren't, and were left out
 };
 /// Number of kinds, whose values are 0 and up.
-constexpr int VRMLNoteTypeCount = VRMLNoteNoGeometry + 1;
+constexpr int VRMLNoteTypeCount = VRMLNoteLostParts + 1;
 
 /// Something in a file that left no trace in the model, or not the one that its author meant. Equal ones are counted.
 struct CVRMLNote {

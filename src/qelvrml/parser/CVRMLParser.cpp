@@ -160,7 +160,7 @@ VRMLLoadResultTypes CVRMLParser::ReadScene() {
   }
   if (LastWarning != VRMLWarningNone && result == VRMLLoadOK) result = VRMLLoadWarnings;
   if (!Load->MetGeometry && Load->ObjectsAdded == 0) qelvrml::NoteNoGeometry(*this);
-  Load->Root = nullptr;
+  Load->ScopesOfFile = 0;
   PopSeparator();
   IOManager.CloseFile();
   DetermineUnits();
@@ -169,7 +169,7 @@ VRMLLoadResultTypes CVRMLParser::ReadScene() {
 
 // What a load has made before memory ran out, or a callback threw, enters the world in the unit of the file.
 void CVRMLParser::AbandonScene() {
-  Load->Root = nullptr;
+  Load->ScopesOfFile = 0;
   while (SeparatorStack.GetCount() > Load->EarlierScopes) {
     try {
       PopSeparator();
@@ -188,7 +188,7 @@ void CVRMLParser::OpenRoot() {
   const qelvrml::ScopedValue<bool> noEntry(AllowDictionaryUpdate, false);
   if (!DefineSeparator()) return;
   CurrentSeparator->SetGroup(World);
-  Load->Root = CurrentSeparator;
+  Load->ScopesOfFile = SeparatorStack.GetCount();
 }
 
 const std::vector<CVRMLNote>& CVRMLParser::GetNotes() const { return Notes->GetNotes(); }

@@ -163,17 +163,18 @@ bool ParseWatched(CVRMLParser& parser, VRMLTokenTypes type, NodeParser parse) {
   qelvrml::LoadState& load = qelvrml::ParserInternals::Load(parser);
   CVRMLIOManager& tokens = *parser.GetIOManager();
   const std::uint64_t added = load.ObjectsAdded;
-  const std::string_view name = tokens.GetCurrentTokenText();
   const char* place = tokens.GetCurrentPlace();
   const bool hasScope = parser.GetCurrentSeparator() != nullptr;  // else most operations do nothing
+  load.PartsLeftOut = false;
   const bool result = (parser.*parse)();
   if (parser.GetSkippingBlock()) return result;
-  const auto note = [&](VRMLNoteTypes kind) {  // a callback may have given the text up
-    qelvrml::Note(parser, kind, tokens.IsInText(name) ? name : std::string_view(), place);
+  const auto note = [&](VRMLNoteTypes kind) {  // without a name, if a callback has given the text up
+    qelvrml::Note(parser, kind, tokens.GetWordAt(place), place);
   };
   if (IsGeometry(type)) {
     load.MetGeometry = true;
     if (load.ObjectsAdded == added) note(VRMLNoteEmptyGeometry);
+    if (load.PartsLeftOut) note(VRMLNoteLostParts);
   }
   if (hasScope && EndsOnBrace(type) && !qelvrml::NodeReader(parser).AtNodeEnd()) note(VRMLNoteLostEnd);
   return result;

@@ -181,6 +181,9 @@ void ParseImageField(CVRMLParser& parser, PixelImage& image, CKelTexture* textur
     *value = qelvrml::CutToInt(number);
   }
   const unsigned count = PixelCount(image.Width, image.Height);
+  if (count > CKelTexture::MostPixels && !parser.GetSkippingBlock()) {
+    qelvrml::Note(parser, VRMLNoteLimit, qelvrml::limits::Pixels);
+  }
   if (!texture || count > CKelTexture::MostPixels) return;
   image.CanBeMade = qelvrml::CanMake(parser, {.Pixels = count});
   if (!image.CanBeMade || !texture->AllocatePixelArray(count)) return;

@@ -83,9 +83,9 @@ bool CVRMLParser::PushSeparator(CVRMLSeparator* separator) {
 bool CVRMLParser::PopSeparator() {
   if (!CurrentSeparator) return false;
   const std::unique_ptr<CVRMLSeparator> closing(CurrentSeparator);
-  if (closing.get() == Load->Root) {
+  if (SeparatorStack.GetCount() == Load->ScopesOfFile) {
     if (!qelvrml::IsAtEndOfScene(*this)) qelvrml::Note(*this, VRMLNoteRootClosed, std::string_view());
-    Load->Root = nullptr;
+    --Load->ScopesOfFile;
   }
   SeparatorStack.RemoveHead();
   auto* parent = static_cast<CVRMLSeparator*>(SeparatorStack.GetHead());

@@ -35,14 +35,15 @@ struct LoadState {
   bool Running = false;
   CBasicString MainFile;  ///< as the host names it
   Budget Made;
-  int EarlierScopes = 0;                 ///< those that were open before this load
-  const CVRMLSeparator* Root = nullptr;  ///< the scope of the whole file, while it is open
-  std::uint64_t ObjectsAdded = 0;        ///< to the model
-  bool MetGeometry = false;              ///< a node that makes objects, also if it made none
-  bool MetInstance = false;              ///< of a prototype
-  CBasicString LastPrototype;            ///< name of the last one that was declared
-  int Nesting = 0;                       ///< ParseBlock calls inside one another
-  int Expansions = 0;                    ///< prototypes expanded inside one another
+  int EarlierScopes = 0;  ///< those that were open before this load
+  int ScopesOfFile = 0;   ///< open ones that the file at hand began in; what closes one of them is one } too many
+  std::uint64_t ObjectsAdded = 0;  ///< to the model
+  bool MetGeometry = false;        ///< a node that makes objects, also if it made none
+  bool PartsLeftOut = false;       ///< of the geometry at hand, for they name points that there are not
+  bool MetInstance = false;        ///< of a prototype
+  CBasicString LastPrototype;      ///< name of the last one that was declared
+  int Nesting = 0;                 ///< ParseBlock calls inside one another
+  int Expansions = 0;              ///< prototypes expanded inside one another
   int Rereading = 0;  ///< texts inside one another that aren't read for the first time: instances, and files again
 
   std::vector<CKelFileInterface::FileIdentity> FilesBeingRead;  ///< the main file, then the subfiles inside one another

@@ -57,6 +57,10 @@ void NoteNode(CVRMLParser& parser, VRMLNoteTypes kind) {
   if (!parser.GetSkippingBlock()) Note(parser, kind, parser.GetIOManager()->GetCurrentTokenText());
 }
 
+void NoteMisplacedNode(CVRMLParser& parser) {
+  if (!parser.GetSkippingBlock()) Note(parser, VRMLNoteMisplacedNode, parser.GetIOManager()->GetWordBefore());
+}
+
 void NoteNodeAndName(CVRMLParser& parser, VRMLNoteTypes kind) {
   if (parser.GetSkippingBlock()) return;
   NoteNode(parser, kind);

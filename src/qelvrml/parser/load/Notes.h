@@ -19,6 +19,8 @@ std::string NotedName(const CBasicString& name);
 
 /// Counts the node at the current token. Nothing where text is passed over: it is read later, or isn't for the model.
 void NoteNode(CVRMLParser& parser, VRMLNoteTypes kind);
+/// The same for a node whose { is the current token, in a place where the node around it reads none.
+void NoteMisplacedNode(CVRMLParser& parser);
 /// The same for a node that was dispatched on, with the DEF name in front of it.
 void NoteNodeAndName(CVRMLParser& parser, VRMLNoteTypes kind);
 
@@ -37,6 +39,7 @@ inline constexpr std::string_view Subfiles = "files inside one another";
 inline constexpr std::string_view Files = "files";
 inline constexpr std::string_view FileName = "length of a file's name";
 inline constexpr std::string_view MeshPoints = "points of a mesh";
+inline constexpr std::string_view Pixels = "pixels of an image";
 inline constexpr std::string_view Memory = "memory of the load";
 inline constexpr std::string_view Time = "time of the load";
 }  // namespace limits

@@ -24,11 +24,6 @@ public:
   std::string_view Text() const { return Parser.GetIOManager()->GetCurrentTokenText(); }
   /// Whether a node is at its end: on its } or at the end of the input.
   bool AtNodeEnd() const { return Is(VRMLTokenCloseBrace) || Is(VRMLTokenEndOfFile); }
-  /// Whether the current token is a keyword, or a word that may be a name.
-  bool AtWord() const {
-    const GenericTokenTypes type = Parser.GetCurrentTokenDataType();
-    return type == GenericTokenOther || type == GenericTokenUserDefined;
-  }
   bool AtListEnd() const { return Is(VRMLTokenCloseBracket) || Is(VRMLTokenEndOfFile); }
 
   /// Passes over tokens of these types.
@@ -51,15 +46,15 @@ public:
   /// The reference at the current token, or behind the bracket there. Ends on it, or behind a ].
   FileReference TakeFirstUrl();
 
-  /// Notes a node that begins at the current token, where a field is looked for: its } will end the node at hand.
-  void LookForNode() {
-    if (Parser.GetNextTokenDataType() == GenericTokenOpenBrace && AtWord()) NoteNode(Parser, VRMLNoteMisplacedNode);
+  /// Notes a node whose { is the current token, where a field is looked for: its } will end the node at hand.
+  void LookForNode() const {
+    if (Is(VRMLTokenOpenBrace)) NoteMisplacedNode(Parser);
   }
   /// Calls `handle` for each token up to the node's }; a keyword's handler leaves the last token of its value current.
   template <class Handler>
   void ForEachField(Handler handle) {
-    while (!Is(VRMLTokenCloseBrace)) {
-      LookForNode();
+    for (bool atStart = true; !Is(VRMLTokenCloseBrace); atStart = false) {
+      if (!atStart) LookForNode();
       handle(Current());
       if (!Parser.Tokenize()) break;
     }
@@ -67,8 +62,8 @@ public:
   /// The same for handlers that may stop on the node's } themselves: it is never stepped over.
   template <class Handler>
   void ForEachFieldUpToEnd(Handler handle) {
-    while (!Is(VRMLTokenCloseBrace)) {
-      LookForNode();
+    for (bool atStart = true; !Is(VRMLTokenCloseBrace); atStart = false) {
+      if (!atStart) LookForNode();
       handle(Current());
       if (!Is(VRMLTokenCloseBrace) && !Parser.Tokenize()) break;
     }
@@ -76,8 +71,8 @@ public:
   /// Calls `handle` until the node's } or the end of the input; it moves on by itself, by at least one token.
   template <class Handler>
   void WhileInNode(Handler handle) {
-    while (!AtNodeEnd()) {
-      LookForNode();
+    for (bool atStart = true; !AtNodeEnd(); atStart = false) {
+      if (!atStart) LookForNode();
       handle(Current());
     }
   }

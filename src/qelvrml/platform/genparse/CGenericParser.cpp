@@ -270,11 +270,6 @@ void CGenericParser::SetMilestone(int offset) {
   Milestone = reached ? Reading.Source->Text->begin() + offset : Reading.Source->End + 1;
 }
 
-bool CGenericParser::IsInText(std::string_view stretch) const {
-  return Reading.Source && stretch.data() >= Reading.Source->Text->begin() &&
-         stretch.data() + stretch.size() <= Reading.Source->End;
-}
-
 bool CGenericParser::IsCurrentTokenInText() const {
   const char* begin = Reading.Current().Begin;
   return Reading.Source && begin && begin >= Reading.Source->Text->begin() && begin < Reading.Source->End;

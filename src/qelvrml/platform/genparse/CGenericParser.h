@@ -108,8 +108,11 @@ public:
   /// Where the current token begins; to be handed to RememberStretch.
   const char* GetCurrentPlace() const { return Reading.Current().Begin; }
 
-  /// Whether a stretch of memory is a part of the text of the reading.
-  bool IsInText(std::string_view stretch) const;
+  /// The word that begins at a place of the text; empty for a place that isn't in the text that is being read.
+  std::string_view GetWordAt(const char* place) const;
+  /// The word in front of the current token, with nothing but white space and comments between them. Empty if something
+  /// else stands there, or no word within some kilobytes.
+  std::string_view GetWordBefore() const;
   /// Whether the current token stands in the text of the reading; a host may have changed one of the two.
   bool IsCurrentTokenInText() const;
   /// For such a token: the numbers of a list from it on, as far as they end ahead of the milestone, or with `toEnd` of
