@@ -33,7 +33,7 @@ constexpr std::array NoteKinds = {
     NoteKind{VRMLNoteExtrusionWithoutData, "extrusionWithoutData", "lacks a spine or a cross-section"},
     NoteKind{VRMLNoteEmptyGeometry, "emptyGeometry", "added nothing to the model"},
     NoteKind{VRMLNoteNothingChosen, "nothingChosen", "chose none of its children"},
-    NoteKind{VRMLNoteLostEnd, "lostEnd", "its end was lost, and its } ended what was around it"},
+    NoteKind{VRMLNoteLostEnd, "lostEnd", "took the end of a node or a list along, so that a } ends too much"},
     NoteKind{VRMLNoteNoGeometry, "noGeometry", "a PROTO that no node uses, and no node makes an object",
              "no node makes an object"},
     NoteKind{VRMLNoteLostParts, "lostParts", "faces or lines that name points that there aren't were left out"},

@@ -101,6 +101,10 @@ TEST(Note, BracesThatCloseTheWrongScope) {
        "misplaced Color 2;empty ElevationGrid 2;root closed  3;"},
       {Version20, "Shape {\ngeometry DEF t Text # {\n{} }\nBox {}",
        "misplaced Text 4;unknown Text 3;name t 3;root closed  4;empty Box 5;"},
+      {Version20, "Group { children [ Box {}\nROUTE a.b TO c.d ] }\nTransform { children Cone {} }",
+       "lost end ROUTE 3;"},
+      {Version20, "Switch { whichChoice 0 choice [ Box {}\nROUTE a.b TO c.d ] }\nCone {}",
+       "lost end choice 3;root closed  3;"},
       {Version10, "Separator { Coordinate3 { point 1 2 3 }\nPointSet {} }\nCube {}",
        "lost end Coordinate3 2;empty PointSet 3;root closed  3;empty Cube 4;"},
   };

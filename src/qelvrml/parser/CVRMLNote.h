@@ -22,9 +22,9 @@ enum VRMLNoteTypes : std::uint32_t {
   VRMLNoteExtrusionWithoutData = 13,  ///< an Extrusion lacks a spine or a cross-section
   VRMLNoteEmptyGeometry = 14,         ///< a geometry node added nothing to the model
   VRMLNoteNothingChosen = 15,         ///< a Switch chose none of its children
-  VRMLNoteLostEnd = 16,               ///< a node's end was lost in it: its } closed what was around it
-  VRMLNoteNoGeometry = 17,            ///< the file led to no node that makes an object
-  VRMLNoteLostParts = 18,             ///< faces or lines of a set name points that there aren't, and were left out
+  VRMLNoteLostEnd = 16,     ///< a node, or words in a list, took the } or ] behind it along: a later } closes too much
+  VRMLNoteNoGeometry = 17,  ///< the file led to no node that makes an object
+  VRMLNoteLostParts = 18,   ///< faces or lines of a set name points that there aren't, and were left out
 };
 /// Number of kinds, whose values are 0 and up.
 constexpr int VRMLNoteTypeCount = VRMLNoteLostParts + 1;

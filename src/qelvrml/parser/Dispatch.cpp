@@ -149,11 +149,18 @@ bool ParseGroupKeyword(CVRMLParser& parser, int& depth) {
   return true;
 }
 
-// Words that mean nothing here; those in front of a { are nodes.
+// Words that mean nothing here; those in front of a { are nodes. At the end of a list they lead on to its ], which is
+// then stepped over like a word, so that the list goes on.
 void PassOverWords(CVRMLParser& parser) {
+  if (parser.GetCurrentTokenType() != VRMLTokenUnknown) return;
+  CVRMLIOManager& tokens = *parser.GetIOManager();
+  const char* begin = tokens.GetCurrentPlace();
   while (parser.GetCurrentTokenType() == VRMLTokenUnknown) {
     if (parser.GetNextTokenType() == VRMLTokenOpenBrace) qelvrml::NoteNode(parser, VRMLNoteUnknownNode);
     parser.Tokenize();
+  }
+  if (parser.GetCurrentTokenType() == VRMLTokenCloseBracket && !parser.GetSkippingBlock()) {
+    qelvrml::Note(parser, VRMLNoteLostEnd, tokens.GetWordAt(begin), begin);
   }
 }
 

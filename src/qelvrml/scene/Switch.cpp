@@ -20,6 +20,8 @@ bool ParseChosenChild(CVRMLParser& parser, int chosen) {
   const NodeReader reader(parser);
   int count = 0;
   for (; !reader.AtListEnd(); ++count) {
+    const bool lost = reader.Is(VRMLTokenCloseBrace) && !parser.GetSkippingBlock();  // words have led over the ]
+    if (lost) qelvrml::Note(parser, VRMLNoteLostEnd, "choice");
     if (count == chosen) {
       parser.ParseBlock();
     } else {
