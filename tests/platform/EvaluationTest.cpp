@@ -199,12 +199,14 @@ TEST(Evaluation, ChordsStayWithinTheTolerance) {
                                                      {Disk(0, 10, {}), 1000.0, 4U}}) {
     object->Evaluate(tolerance, e);
     EXPECT_EQ(e.Triangles.size() / 3, triangles) << object->GetClassName();
+    EXPECT_EQ(object->CountTriangles(tolerance), triangles) << object->GetClassName();
   }
   // Under a matrix too: the middle of an edge, brought back, lies below the sphere by its distance.
   for (const brixMatrix4x4& matrix : {GetScaleMatrix({3, 3, 3}), Shear()}) {
     const Object sphere = Sphere({}, 10, 0, Whole, 0, Half);
     sphere->ApplyMatrixToGeometry(matrix, brixTrue);
     sphere->Evaluate(0.1, e);
+    EXPECT_EQ(sphere->CountTriangles(0.1), e.Triangles.size() / 3);
     for (std::size_t i = 0; i < e.Triangles.size(); i += 3) {
       const brixVector across = brixVector(e.Points[e.Triangles[i]]) + brixVector(e.Points[e.Triangles[i + 1]]);
       brixVector middle = across * GetInverseMatrix(matrix);

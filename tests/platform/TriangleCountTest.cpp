@@ -3,11 +3,12 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
 #include <memory>
 #include <random>
-#include <vector>
 
 #include "qelvrml/platform/brix/solids/brixBox.h"
 #include "qelvrml/platform/brix/solids/brixCone.h"
@@ -28,111 +29,85 @@ constexpr float WholeTurn = brixBaseRevSurface::WholeTurn;
 constexpr float HalfTurn = brixBaseRevSurface::HalfTurn;
 constexpr float Infinity = std::numeric_limits<float>::infinity();
 constexpr float NotANumber = std::numeric_limits<float>::quiet_NaN();
-constexpr float StepsOfWholeTurns = 4096.0F * WholeTurn;  // there are no more steps than 4096
-constexpr float Largest = std::numeric_limits<float>::max();
 
-std::size_t MadeTriangles(const brixBaseObject& object, double tolerance) {
+void ExpectCounted(const brixBaseObject& object) {
   brixEvaluation evaluation;
-  object.Evaluate(tolerance, evaluation);
-  return evaluation.Triangles.size() / 3;
+  object.Evaluate(0.0, evaluation);
+  EXPECT_EQ(object.CountTriangles(0.0), evaluation.Triangles.size() / 3) << object.GetClassName();
 }
 
-/// Solids of a radius and of a height, whole ones and parts.
-std::vector<std::unique_ptr<brixBaseRevSurface>> Solids(float radius, float height) {
-  std::vector<std::unique_ptr<brixBaseRevSurface>> solids;
-  const auto add = [&solids](auto solid, auto set, const auto&... values) {
+/// Sizes, angles and matrices: ordinary ones, odd ones, and some that are close to those before them.
+class RandomValues {
+public:
+  std::size_t Below(std::size_t bound) { return Random() % bound; }
+  float OneOf(std::initializer_list<float> values) { return values.begin()[Below(values.size())]; }
+  float Ordinary() { return std::uniform_real_distribution<float>(-4, 4)(Random); }
+  float Size() {
+    const float odd = OneOf({0, 1e-6F, 1e-30F, 1e9F, 1e30F, std::numeric_limits<float>::max(), Infinity, NotANumber});
+    const float close = Last * OneOf({0, 1, 1.0001F, -0.5F, 1e-6F});
+    const std::size_t kind = Below(8);
+    return Last = kind == 0 ? odd : kind < 3 ? close : Ordinary();
+  }
+  float Angle(float whole) {
+    const float odd = OneOf({0.5F, 2, 1.2e-6F, 1e-4F, 7, -1, NotANumber, std::clamp(Size(), -9.0F, 9.0F)});
+    return Below(2) == 0 ? odd : OneOf({0, whole});
+  }
+  brixVector Direction() {
+    const std::array directions{brixVector(0.6F, -0.8F, 0), brixVector(0.8F, 0.6F, 0), brixVector(8, 6, 0)};
+    return directions[Below(10) % 3];
+  }
+  brixMatrix4x4 Matrix() {
+    const auto far = static_cast<float>(std::exp2(-static_cast<double>(Below(150))));  // towards the least numbers
+    const std::size_t kind = Below(5);
+    const auto scale = [&] { return kind == 0 ? far : kind == 1 ? Size() : OneOf({1, 1, 1, -1, 0, 1e-7F}); };
+    brixMatrix4x4 matrix = GetScaleMatrix({scale(), scale(), scale()});
+    if (kind == 2) matrix[1] = {matrix[0][0], 1.0001F * matrix[0][1], Size(), 0};  // skewed
+    matrix = matrix * CreateRotationMatrixForNormalAngle({1, 2, 3}, Below(2) == 0 ? 0.0 : Ordinary());
+    return Below(2) == 0 ? matrix : matrix * GetDisplacementMatrix({10, Size(), 0.01F});
+  }
+
+private:
+  std::mt19937 Random{1};
+  float Last = 1;
+};
+
+std::unique_ptr<brixBaseRevSurface> RandomSolid(RandomValues& random) {
+  const auto make = [](auto solid, auto set, const auto&... values) {
     (solid.get()->*set)(values...);
-    solids.push_back(std::move(solid));
+    return std::unique_ptr<brixBaseRevSurface>(std::move(solid));
   };
-  for (const float top : {0.0F, radius, -radius / 2, radius * 1e-6F})
-    add(std::make_unique<brixCone>(), &brixCone::SetCone, height, radius, top);
-  add(std::make_unique<brixCone>(), &brixCone::SetCone, height, 0.0F, radius);
-  const brixVector start(0.6F, -0.8F, 0);
-  for (const auto& [from, to] : {std::pair(0.0F, WholeTurn),
-                                 {1.0F, 1.0F},
-                                 {1.0F, 1.0001F},
-                                 {-9.0F, 20.0F},
-                                 {4.0F, 1.0F},
-                                 {0.0F, StepsOfWholeTurns}}) {
-    for (const float ratio : {1.0F, 0.0F, -1.0F})
-      add(std::make_unique<brixCylinder>(), &brixCylinder::SetCylinder, height, radius, ratio, start, from, to);
-  }
-  for (const auto filled : {brixTrue, brixFalse}) {
-    for (const float inner : {0.0F, radius, radius * 0.75F})
-      add(std::make_unique<brixDisk>(), &brixDisk::SetDisk, inner, radius, brixMatrix4x4(), filled);
-  }
-  const brixVector axis(0.8F, 0.6F, 0);
-  for (const brixVector& pole : {axis, brixVector(8, 6, 0), start}) {
-    for (const auto& [from, to] : {std::pair(0.0F, HalfTurn),
-                                   {0.5F, 2.0F},
-                                   {0.0F, 1e-6F},
-                                   {1e-6F, 1.0F},
-                                   {1.2e-6F, 3.14F},
-                                   {2.0F, 0.5F},
-                                   {-1.0F, 1.0F},
-                                   {2.0F, 7.0F},
-                                   {0.0F, 1e-4F},
-                                   {1.0F, 1.0F},
-                                   {0.0F, NotANumber}}) {
-      add(std::make_unique<brixSphere>(), &brixSphere::SetSphere, brixFloatPoint(height, 0, 1), start, pole, radius,
-          0.0F, WholeTurn, from, to);
+  // Along a way to small sizes points begin to come together in the distance, first here and there and at last all.
+  const float small = random.Below(2) == 0 ? 1 : std::pow(0.6F, static_cast<float>(random.Below(40)));
+  const float radius = small * random.Size();
+  const float other = small * random.Size();
+  const float third = small * random.Size();
+  const float whole = random.Below(2) == 0 ? WholeTurn : random.Angle(WholeTurn);
+  const float from = whole == WholeTurn ? 0 : random.Angle(WholeTurn);
+  const brixVector start = random.Direction();
+  switch (random.Below(4)) {
+    case 0: return make(std::make_unique<brixCone>(), &brixCone::SetCone, other, radius, third);
+    case 1: {
+      const float ratio = random.OneOf({1, 0, -1, third});
+      const float to = random.Below(100) == 0 ? 4096 * WholeTurn : whole;  // there are no more steps than 4096
+      return make(std::make_unique<brixCylinder>(), &brixCylinder::SetCylinder, other, radius, ratio, start, from, to);
     }
-  }
-  add(std::make_unique<brixSphere>(), &brixSphere::SetSphere, brixFloatPoint(), start, axis, radius, 1.0F, 1.0F, 0.0F,
-      HalfTurn);
-  return solids;
-}
-
-void ExpectSolids(float radius, float height, const brixMatrix4x4& matrix, double tolerance = 0.0) {
-  const auto solids = Solids(radius, height);
-  for (std::size_t i = 0; i < solids.size(); ++i) {
-    solids[i]->ApplyMatrixToGeometry(matrix, brixTrue);
-    ASSERT_EQ(solids[i]->CountTriangles(tolerance), MadeTriangles(*solids[i], tolerance))
-        << "solid " << i << ", a " << solids[i]->GetClassName() << ", of the radius " << radius;
+    case 2: {
+      const brixBool filled = random.Below(2) == 0 ? brixTrue : brixFalse;
+      return make(std::make_unique<brixDisk>(), &brixDisk::SetDisk, other, radius, brixMatrix4x4(), filled);
+    }
+    default:
+      return make(std::make_unique<brixSphere>(), &brixSphere::SetSphere, brixFloatPoint(other, 0, 1), start,
+                  random.Direction(), radius, from, whole, random.Angle(HalfTurn), random.Angle(HalfTurn));
   }
 }
 
-brixMatrix4x4 RandomMatrix(std::mt19937& random) {
-  std::uniform_real_distribution<float> entry(-1, 1);
-  brixMatrix4x4 matrix;
-  for (std::size_t row = 0; row < 3; ++row) {
-    for (std::size_t column = 0; column < 3; ++column) matrix[row][column] = entry(random);
-  }
-  return matrix;
-}
-
-TEST(TriangleCount, SolidsOfOddSizes) {
-  for (const float radius : {2.0F, -2.0F, 0.0F, 1e-30F, 1e30F, Largest, Infinity, NotANumber}) {
-    for (const float height : {3.0F, -3.0F, 0.0F, 1e-9F, 1e9F, Infinity, NotANumber}) ExpectSolids(radius, height, {});
-  }
-  for (const double tolerance : {0.001, 0.5, 1e30}) ExpectSolids(2, 3, {}, tolerance);
-}
-
-TEST(TriangleCount, SolidsUnderOddMatrices) {
-  brixMatrix4x4 nothing = GetScaleMatrix({0, 0, 0});
-  brixMatrix4x4 unplaced;
-  unplaced[3][0] = NotANumber;
-  brixMatrix4x4 skewed;
-  skewed[0] = {1, 1, 1, 0};
-  skewed[1] = {1, 1, 1.0001F, 0};
-  for (const brixMatrix4x4& matrix :
-       {nothing, unplaced, skewed, GetScaleMatrix({-1, 1, 1}), GetScaleMatrix({1, 1, 0}), GetScaleMatrix({1, 0, 0}),
-        GetScaleMatrix({1e-6F, 1, 1}), GetScaleMatrix({1, 1, 1e-7F}), GetScaleMatrix({1e-20F, 1e-20F, 1e-20F}),
-        GetScaleMatrix({1e-37F, 1e-37F, 1e-37F}), GetScaleMatrix({1e-43F, 1e-43F, 1e-43F}),
-        GetScaleMatrix({2e38F, 2e38F, 2e38F}), GetScaleMatrix({1, Infinity, 1}), GetScaleMatrix({NotANumber, 1, 1}),
-        GetDisplacementMatrix({Largest, 0, 0}), GetDisplacementMatrix({0, Infinity, 0})})
-    ExpectSolids(2, 3, matrix);
-}
-
-// Along this way points begin to come together, first here and there and at last all of them.
-TEST(TriangleCount, SolidsThatVanishInTheDistance) {
-  std::mt19937 random(1);
-  for (float radius = 1.0F; radius > 1e-9F; radius *= 0.6F) {
-    const brixMatrix4x4 away = GetDisplacementMatrix({10, -3, 0.01F});
-    ExpectSolids(radius, radius, away);
-    ExpectSolids(radius, radius, CreateRotationMatrixForNormalAngle({1, 2, 3}, radius) * away);
-    ExpectSolids(radius, radius, RandomMatrix(random) * away);
-    ExpectSolids(1, radius, RandomMatrix(random) * away);
+TEST(TriangleCount, SolidsOfEveryKind) {
+  RandomValues random;
+  for (int i = 0; i < 20'000 && !HasFailure(); ++i) {
+    SCOPED_TRACE(i);
+    const auto solid = RandomSolid(random);
+    solid->ApplyMatrixToGeometry(random.Matrix(), brixTrue);
+    ExpectCounted(*solid);
   }
 }
 
@@ -172,48 +147,25 @@ TEST(TriangleCount, OrdinarySolidsAreCountedWithoutMakingTriangles) {
   }
 }
 
-/// Places on a small square, so that many of them coincide, lie on lines and make outlines that cross.
-class RandomOutlines {
-public:
-  explicit RandomOutlines(int side) : Place(0, side - 1) {}
-
-  std::vector<brixFloatPoint> Next() {
-    std::vector<brixFloatPoint> outline(static_cast<std::size_t>(Size(Random)));
-    const int plane = Plane(Random);
-    for (brixFloatPoint& p : outline)
-      p = Put(static_cast<float>(Place(Random)), static_cast<float>(Place(Random)), plane);
-    if (plane == 5 && !outline.empty()) outline.back().x = outline.front().z = Odd(Random) == 0 ? NotANumber : Infinity;
-    return outline;
-  }
-
-private:
-  brixFloatPoint Put(float u, float v, int plane) {
-    switch (plane) {
-      case 0: return {u, v, 7.1F};
-      case 1: return {-300, u, v};
-      case 2: return {v, 0, u};
-      case 3: return {u, v, u + v};                              // every axis alike
-      case 4: return {u, v, static_cast<float>(Place(Random))};  // not flat
-      default: return {u, v, 0};
-    }
-  }
-
-  std::mt19937 Random{1};
-  std::uniform_int_distribution<int> Place;
-  std::uniform_int_distribution<int> Size{0, 20};
-  std::uniform_int_distribution<int> Plane{0, 5};
-  std::uniform_int_distribution<int> Odd{0, 1};
-};
-
+// Places on a small square, so that many of them coincide, lie on lines and make outlines that cross.
 TEST(TriangleCount, FacesOfEveryKind) {
-  for (const int side : {2, 3, 6, 40}) {
-    RandomOutlines outlines(side);
-    for (int i = 0; i < 20'000; ++i) {
-      const brixFloatPointArray outline = Points(outlines.Next());
-      CKelPolygon polygon;
-      polygon.SetPolyline(outline, true);
-      ASSERT_EQ(polygon.CountTriangles(0.0), MadeTriangles(polygon, 0.0)) << "outline " << i << ", side " << side;
+  RandomValues random;
+  for (int i = 0; i < 80'000 && !HasFailure(); ++i) {
+    SCOPED_TRACE(i);
+    const std::size_t side = std::array{2, 3, 6, 40}[random.Below(4)];
+    const std::size_t plane = random.Below(6);
+    brixFloatPointArray outline;
+    for (std::size_t size = random.Below(21); size > 0; --size) {
+      const auto u = static_cast<float>(random.Below(side));
+      const auto v = static_cast<float>(random.Below(side));
+      const auto w = static_cast<float>(random.Below(side));
+      const float odd = size == 1 ? random.OneOf({NotANumber, Infinity}) : 0;
+      outline.Append(std::array<brixFloatPoint, 6>{
+          {{u, v, 7.1F}, {-300, u, v}, {v, 0, u}, {u, v, u + v}, {u, v, w}, {odd, v, odd * u}}}[plane]);
     }
+    CKelPolygon polygon;
+    polygon.SetPolyline(outline, true);
+    ExpectCounted(polygon);
   }
 }
 
@@ -223,43 +175,40 @@ TEST(TriangleCount, FacesSeenFromASideByRounding) {
     for (const float size : {1.0F, 1e-3F, 1e-9F}) {
       CKelPolygon polygon;
       polygon.SetPolyline(Points({{1, 1, z}, {1 + size, 1, z}, {1 + size, 1 + size, z}, {1, 1 + size, z}}), true);
-      EXPECT_EQ(polygon.CountTriangles(0.0), MadeTriangles(polygon, 0.0)) << z << " " << size;
+      ExpectCounted(polygon);
     }
   }
 }
 
 TEST(TriangleCount, ListsOfFacesStripsAndCells) {
   const brixFloatPointArray points = Points({{0, 0, 0}, {4, 0, 0}, {4, 4, 0}, {1, 1, 0}, {0, 4, 0}, {0, 0, 0}});
-  std::vector<std::unique_ptr<brixBaseObject>> objects;
   for (const auto& faces :
        {Ints({3, 0, 1, 2, 3, 0, 1, 6, 3, -1, 0, 1, 4, 0, 1, 9, 2}), Ints({0, 2, 0, 1, 5, 0, 1, 2, 3, 4}),
         Ints({6, 0, 1, 2, 3, 4, 5, -3, 4, 0, 1}), Ints({3, 0, 0, 0, 4, 1, 1, 1, 1}), Ints({})}) {
-    auto face = std::make_unique<CKelPolyface>();
-    face->SetPoints(points, faces, true);
-    objects.push_back(std::move(face));
+    CKelPolyface face;
+    face.SetPoints(points, faces, true);
+    ExpectCounted(face);
   }
   for (const auto& [rows, columns] : {std::pair(2, 3), {3, 2}, {1, 6}, {6, 1}, {0, 0}, {1, 1}}) {
     for (const int closed : {0, 1, 2, 3}) {
-      auto mesh = std::make_unique<CKelPolyMesh>();
-      mesh->SetPoints(points, rows, columns, closed % 2 != 0, closed / 2 != 0);
-      objects.push_back(std::move(mesh));
+      CKelPolyMesh mesh;
+      mesh.SetPoints(points, rows, columns, closed % 2 != 0, closed / 2 != 0);
+      ExpectCounted(mesh);
     }
   }
   for (const auto& counts : {Ints({3, 3}), Ints({1, 2, 3}), Ints({-1, 9}), Ints({})}) {
-    auto strips = std::make_unique<CKelMultipleTriangleStrip>();
-    strips->SetStrips(points, {}, counts);
-    objects.push_back(std::move(strips));
+    CKelMultipleTriangleStrip strips;
+    strips.SetStrips(points, {}, counts);
+    ExpectCounted(strips);
   }
-  auto strip = std::make_unique<CKelTriangleStrip>();
-  strip->SetPoints(points, {});
-  objects.push_back(std::move(strip));
-  auto line = std::make_unique<CKelPolyline>();
-  line->SetPolyline(points, true);
-  objects.push_back(std::move(line));
-  objects.push_back(std::make_unique<brixBox>());
-  objects.push_back(std::make_unique<brixDot>());
-  for (std::size_t i = 0; i < objects.size(); ++i)
-    EXPECT_EQ(objects[i]->CountTriangles(0.0), MadeTriangles(*objects[i], 0.0)) << "object " << i;
+  CKelTriangleStrip strip;
+  strip.SetPoints(points, {});
+  ExpectCounted(strip);
+  CKelPolyline line;
+  line.SetPolyline(points, true);
+  ExpectCounted(line);
+  ExpectCounted(brixBox());
+  ExpectCounted(brixDot());
 }
 
 }  // namespace
