@@ -3,6 +3,7 @@
 
 #include <cstring>
 #include <functional>
+#include <iomanip>
 #include <iterator>
 #include <random>
 #include <sstream>
@@ -25,103 +26,6 @@ public:
   std::string Current() { return Parser.GetCurrentTokenString(); }
   CVRMLParser Parser;
 };
-
-template <class Array>
-std::vector<double> Values(const Array& array) {
-  return {array.View().begin(), array.View().end()};
-}
-
-using testing::ElementsAre;
-
-// Where each reader leaves the current token decides what its node reads next.
-TEST(FieldReader, PointsEndOnTheNumberOrBehindTheBracket) {
-  struct Case {
-    std::string Text;
-    bool Found;
-    std::size_t Count;
-    std::string Current;
-  };
-  for (const auto& [text, found, count, current] :
-       {Case{"1 2 3 next", true, 1, "3"}, Case{"[ 1 2 3, 4 5 6 ] next", true, 2, "next"},
-        Case{"{ 1 2 3 } next", true, 1, "}"}, Case{"( 1 2 3 ] next", true, 1, "next"},
-        Case{"[ ] next", false, 0, "next"}, Case{"[ 1 2 3 4 ] x } next", true, 1, "}"},
-        Case{"[ 1 2 word 3 4 5 ] next", true, 1, "next"}, Case{"word", false, 1, "word"},
-        Case{"[ 1 2 3", true, 1, ""}}) {
-    Reader reader(text);
-    brixFloatPointArray points;
-    EXPECT_EQ(reader.Parser.ParsePointArray(points), found) << text;
-    EXPECT_EQ(points.GetSize(), count) << text;
-    EXPECT_EQ(reader.Current(), current) << text;
-  }
-}
-
-TEST(FieldReader, FloatListsTakeAnyTokenAsAValue) {
-  struct Case {
-    std::string Text;
-    std::vector<double> Values;
-    std::string Current;
-  };
-  for (const auto& [text, values, current] : {Case{"1.5 next", {1.5}, "1.5"}, Case{"word next", {0}, "word"},
-                                              Case{"[ 1 word 2 ] next", {1, 0, 2}, "]"}, Case{"[ ] next", {7}, "]"}}) {
-    Reader reader(text);
-    brixDoubleArray array;
-    array.Append(7);
-    EXPECT_EQ(reader.Parser.ParseFloatArray(array), text != "[ ] next");
-    EXPECT_EQ(Values(array), values) << text;
-    EXPECT_EQ(reader.Current(), current) << text;
-  }
-}
-
-TEST(FieldReader, ColoursAreOpaque) {
-  Reader reader("[ 1 0 0 word 0 1 0 ] next");
-  brixChromaArray colours;
-  EXPECT_TRUE(reader.Parser.ParseColorArray(colours));
-  ASSERT_EQ(colours.GetSize(), 2U);
-  EXPECT_THAT(colours.View()[1], IsColour(0, 1, 0, 1));
-  EXPECT_EQ(reader.Current(), "]");
-  Reader missing("1 2 next");
-  EXPECT_FALSE(missing.Parser.ParseColorArray(colours));
-  EXPECT_EQ(colours.GetSize(), 2U) << "unchanged";
-}
-
-TEST(FieldReader, RotationsMayBeShort) {
-  Reader reader("{ [ 1 2 3 ] next");
-  brixVector axis;
-  double angle = 9;
-  EXPECT_TRUE(reader.Parser.ParseRotationVector(axis, angle));
-  EXPECT_EQ(axis.z, 3.0F);
-  EXPECT_EQ(angle, 0.0);
-  EXPECT_EQ(reader.Current(), "]");
-  Reader list("[ 0 0 1 2 word 1 0 0 3 ] next");
-  brixVectorArray axes;
-  brixDoubleArray angles;
-  EXPECT_TRUE(list.Parser.ParseRotationVectorArray(axes, angles));
-  EXPECT_THAT(Values(angles), ElementsAre(2, 3));
-  EXPECT_EQ(list.Current(), "]");
-}
-
-TEST(FieldReader, IndexListsBecomeRuns) {
-  struct Case {
-    std::string Text;
-    std::vector<double> Runs;
-  };
-  for (const auto& [text, runs] :
-       {Case{"[ 0, 1, 2, -1, 3, 4, 5, 6, -1 ]", {3, 0, 1, 2, 4, 3, 4, 5, 6}},
-        Case{"[ 0 1 2 -1 3 ]", {3, 0, 1, 2, 1, 3}}, Case{"[ -1 -1 2.9 -0.5 -2 1e99 -1 -1 ]", {4, 2, 0, -2, 2147483647}},
-        Case{"0 1 2 }", {3, 0, 1, 2}}, Case{"[ ]", {0}}}) {
-    Reader reader(text);
-    CKelList values;
-    CKelList counts;
-    values.SetIntegerElements();
-    counts.SetIntegerElements();
-    brixIntArray merged;
-    EXPECT_EQ(reader.Parser.ParseIndexArray(values, counts), text != "[ ]");
-    EXPECT_TRUE(CVRMLParser::MergeIndexLists(merged, values, counts));
-    EXPECT_EQ(Values(merged), runs) << text;
-    values.RemoveAllValues();
-    counts.RemoveAllValues();
-  }
-}
 
 // All numbers of an array, one behind the other.
 template <class Value>
@@ -147,12 +51,15 @@ std::string Reading(const std::string& list, std::size_t bytesBehind, Read read)
   CVRMLParser& parser = reader.Parser;
   Array array;
   std::ostringstream text;
-  text << std::hexfloat << std::invoke(read, parser, array);
+  text << std::setprecision(17) << std::invoke(read, parser, array);
   for (const double value : Flat(array)) text << ' ' << value;
   return text.str() + " | " + parser.GetCurrentTokenString() + ' ' + parser.GetNextTokenString();
 }
 
-std::vector<std::string> AllReadings(const std::string& list, std::size_t bytesBehind) {
+enum Kind { AsPoints, AsPlane, AsFloats, AsColours, AsIndices, AsRuns };
+
+/// The readings of a list, one of each kind.
+std::vector<std::string> AllReadings(const std::string& list, std::size_t bytesBehind = 20'000) {
   using qelvrml::NodeReader;
   const auto runs = [](CVRMLParser& parser, brixIntArray& array) { return NodeReader(parser).TakeRunList(array); };
   const auto indices = [](CVRMLParser& parser, brixIntArray& array) { return NodeReader(parser).TakeIndices(array); };
@@ -175,6 +82,57 @@ std::vector<std::string> AllReadings(const std::string& list, std::size_t bytesB
           Reading<brixChromaArray>(list, bytesBehind, &CVRMLParser::ParseColorArray),
           Reading<brixIntArray>(list, bytesBehind, indices),
           merged};
+}
+
+// Where each reader leaves the current token decides what its node reads next.
+TEST(FieldReader, ListsOfOddForms) {
+  struct Case {
+    Kind As;
+    std::string Text;
+    std::string Reading;
+  };
+  for (const auto& [kind, text, reading] :
+       {Case{AsPoints, "1 2 3 next", "1 1 2 3 | 3 next"}, Case{AsPoints, "[ 1 2 3, 4 5 6 ] x y", "1 1 2 3 4 5 6 | x y"},
+        Case{AsPoints, "{ 1 2 3 } next", "1 1 2 3 | } next"}, Case{AsPoints, "( 1 2 3 ] x y", "1 1 2 3 | x y"},
+        Case{AsPoints, "[ ] x y", "0 | x y"}, Case{AsPoints, "[ 1 2 3 4 ] x } next", "1 1 2 3 | } next"},
+        Case{AsPoints, "[ 1 2 word 3 4 5 ] x y", "1 3 4 5 | x y"}, Case{AsPoints, "word next", "0 0 0 0 | word next"},
+        Case{AsPoints, "[ 1 2 3", "1 1 2 3 |  "},
+        // Any token is a value of a list of numbers.
+        Case{AsFloats, "1.5 next", "1 1.5 | 1.5 next"}, Case{AsFloats, "word next", "1 0 | word next"},
+        Case{AsFloats, "[ 1 word 2 ] next", "1 1 0 2 | ] next"}, Case{AsFloats, "[ ] next", "0 | ] next"},
+        // Colours are opaque.
+        Case{AsColours, "[ 1 0 0 word 0 1 0 ] next", "1 1 0 0 1 0 1 0 1 | ] next"},
+        Case{AsColours, "1 2 next x", "0 | next x"},
+        // Indices become runs behind their counts.
+        Case{AsRuns, "[ 0, 1, 2, -1, 3, 4, 5, 6, -1 ] next", "1 3 0 1 2 4 3 4 5 6 | ] next"},
+        Case{AsRuns, "[ 0 1 2 -1 3 ] next", "1 3 0 1 2 1 3 | ] next"},
+        Case{AsRuns, "[ -1 -1 2.9 -0.5 -2 1e99 -1 -1 ] next", "1 4 2 0 -2 2147483647 | ] next"},
+        Case{AsRuns, "0 1 2 }", "1 3 0 1 2 | } "}, Case{AsRuns, "[ ] next", "0 0 | ] next"}}) {
+    EXPECT_EQ(AllReadings(text)[kind], reading) << text;
+  }
+  brixDoubleArray floats;
+  brixChromaArray colours;
+  floats.Append(7);
+  colours.Append({});
+  EXPECT_FALSE(Reader("[ ] next").Parser.ParseFloatArray(floats));
+  EXPECT_FALSE(Reader("1 2 next").Parser.ParseColorArray(colours));
+  EXPECT_TRUE(floats.GetSize() == 1 && colours.GetSize() == 1) << "unchanged";
+}
+
+TEST(FieldReader, RotationsMayBeShort) {
+  Reader reader("{ [ 1 2 3 ] next");
+  brixVector axis;
+  double angle = 9;
+  EXPECT_TRUE(reader.Parser.ParseRotationVector(axis, angle));
+  EXPECT_EQ(axis.z, 3.0F);
+  EXPECT_EQ(angle, 0.0);
+  EXPECT_EQ(reader.Current(), "]");
+  Reader list("[ 0 0 1 2 word 1 0 0 3 ] next");
+  brixVectorArray axes;
+  brixDoubleArray angles;
+  EXPECT_TRUE(list.Parser.ParseRotationVectorArray(axes, angles));
+  EXPECT_EQ(Flat(angles), (std::vector<double>{2, 3}));
+  EXPECT_EQ(list.Current(), "]");
 }
 
 // A list of a file is read in one go, but for token by token where comments part its values. Places where progress is
@@ -217,11 +175,11 @@ TEST(FieldReader, CountsThatPromiseTooMuchStayInTheArray) {
     CVRMLParser::MergeIndexLists(runs, valueList, countList);
     valueList.RemoveAllValues();
     countList.RemoveAllValues();
-    return Values(runs);
+    return Flat(runs);
   };
-  EXPECT_THAT(merged({4}, {1000000000, 1000000000}), ElementsAre(1000000000, 4, 0));
-  EXPECT_THAT(merged({1, 2}, {1, 3, 1}), ElementsAre(1, 1, 3, 2, 0));
-  EXPECT_THAT(merged({1, 2, 3}, {1, -5, 1}), ElementsAre(1, 1, -5, 1, 2, 0));
+  EXPECT_THAT(merged({4}, {1000000000, 1000000000}), testing::ElementsAre(1000000000, 4, 0));
+  EXPECT_THAT(merged({1, 2}, {1, 3, 1}), testing::ElementsAre(1, 1, 3, 2, 0));
+  EXPECT_THAT(merged({1, 2, 3}, {1, -5, 1}), testing::ElementsAre(1, 1, -5, 1, 2, 0));
 }
 
 // A host may say of a token without a text that it is a number.
