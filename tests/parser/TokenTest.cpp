@@ -1,12 +1,9 @@
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <limits>
 #include <string>
-#include <vector>
 
 #include "qelvrml/parser/CVRMLIOManager.h"
-#include "qelvrml/platform/genparse/NumberText.h"
 #include "support/Model.h"
 
 namespace {
@@ -71,22 +68,6 @@ TEST(Token, NumbersOfAllForms) {
     ASSERT_TRUE(tokens.Manager.Tokenize());
     EXPECT_EQ(tokens.Manager.GetCurrentTokenType(), VRMLTokenNumber) << word;
     EXPECT_EQ(tokens.Manager.GetCurrentTokenNumericValue(), value) << word;
-  }
-}
-
-TEST(Token, NumbersAreTheNearestDoubles) {
-  std::vector<std::string> mantissas = {".0625", "7.", "0.30000000000000004", "9007199254740991", "9007199254740992"};
-  for (int digits = 14; digits < 23; ++digits) {  // around what 53 and 64 bits hold
-    mantissas.push_back(std::string("98765432109876543210987").substr(0, static_cast<std::size_t>(digits)));
-    mantissas.push_back("0.000" + mantissas.back() + "5");
-  }
-  for (const std::string& mantissa : mantissas) {
-    for (int exponent = -26; exponent <= 26; ++exponent) {
-      const std::string word = mantissa + "e" + std::to_string(exponent);
-      double value = 0.0;
-      EXPECT_TRUE(qelvrml::ReadNumber(word, value));
-      EXPECT_EQ(value, std::strtod(word.c_str(), nullptr)) << word;
-    }
   }
 }
 

@@ -94,6 +94,13 @@ TEST(EightBytes, NumbersOfAllLengths) {
   for (int i = 0; i < 20'000 && !HasFailure(); ++i) {  // some have a mantissa that 64 bits don't hold
     CheckNumber(Digits(5 + Below(3)) + '.' + Digits(13 + Below(3)), ' ');
   }
+  for (int i = 0; i < 8'000 && !HasFailure(); ++i) {  // exponents up to those of the powers that a double doesn't hold
+    const std::string word =
+        Digits(1 + Below(21)) + '.' + Digits(Below(6)) + 'e' + std::to_string(static_cast<int>(Below(53)) - 26);
+    double value = 0.0;
+    EXPECT_TRUE(qelvrml::ReadNumber(word, value));
+    EXPECT_EQ(value, std::strtod(word.c_str(), nullptr)) << word;
+  }
   for (std::size_t places = 0; places <= 16; ++places) {  // about 2^53, the last mantissa that counts
     for (const std::string_view border : {"9007199254740991", "9007199254740992", "9007199254740993"}) {
       std::string word(border);
