@@ -5,6 +5,7 @@
 
 #include <cstdlib>
 #include <fstream>
+#include <iterator>
 #include <stdexcept>
 #include <tuple>
 
@@ -70,25 +71,22 @@ TEST_F(CompressedTest, TheTemporaryFileIsPrivateWhileItIsRead) {
   static fs::path temporary;
   static CVRMLParser* reading;
   static int seen;
-  CKelWorld world;
-  CVRMLParser parser;
-  temporary = Temporary();
-  reading = &parser;
+  Model model;
   seen = 0;
-  parser.SetLoaderPtr([](int /*percentage*/) {
-    for (const auto& folder : fs::directory_iterator(temporary)) {
-      EXPECT_TRUE(folder.path().filename().string().starts_with("VRML"));
-      EXPECT_EQ(folder.status().permissions(), fs::perms::owner_all);
-      for (const auto& entry : fs::directory_iterator(folder)) {
-        ++seen;
-        EXPECT_EQ(entry.path(), reading->GetIOManager()->GetFilename().GetNarrowText());
-        EXPECT_TRUE(entry.path().filename().string().starts_with("VRML"));
-        EXPECT_EQ(entry.path().extension(), ".wrl");
-        EXPECT_EQ(entry.status().permissions(), fs::perms::owner_read | fs::perms::owner_write);
-      }
-    }
+  temporary = Temporary();
+  reading = model.Parser.get();
+  model.Parser->SetLoaderPtr([](int /*percentage*/) {
+    const fs::path file = reading->GetIOManager()->GetFilename().GetNarrowText();
+    EXPECT_EQ(file.parent_path().parent_path(), temporary);
+    EXPECT_EQ(fs::status(file.parent_path()).permissions(), fs::perms::owner_all);
+    EXPECT_EQ(fs::status(file).permissions(), fs::perms::owner_read | fs::perms::owner_write);
+    EXPECT_EQ(std::distance(fs::directory_iterator(file.parent_path()), {}), 1);
+    EXPECT_EQ(std::distance(fs::directory_iterator(temporary), {}), 1);
+    EXPECT_TRUE(file.parent_path().filename().string().starts_with("VRML")) << file;
+    EXPECT_TRUE(file.filename().string().starts_with("VRML") && file.extension() == ".wrl") << file;
+    ++seen;
   });
-  EXPECT_EQ(parser.Parse(&world, Folder.Write("packed", Gzip(Scene)).c_str()), VRMLLoadOK);
+  EXPECT_EQ(model.Parser->Parse(model.World.get(), Folder.Write("packed", Gzip(Scene)).c_str()), VRMLLoadOK);
   EXPECT_GT(seen, 0);
 }
 
