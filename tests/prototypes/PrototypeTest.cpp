@@ -3,6 +3,7 @@
 
 #include <clocale>
 #include <cstring>
+#include <tuple>
 #include <utility>
 
 #include "qelvrml/platform/genparse/Characters.h"
@@ -201,20 +202,19 @@ protected:
 
 // A blank behind every token but the last, a line feed behind every fifth one.
 TEST_F(CaptureTest, BlocksEndWhereTheirKindSays) {
-  EXPECT_EQ(Block("{ a b c d } next", false), "a b c d");
-  EXPECT_EQ(Current(), "}");
-  EXPECT_EQ(Block("{ a { b } c d } next", false), "a { b } c \nd");
-  EXPECT_EQ(Block("{ 1 2 3 4 5 }", false), "1 2 3 4 5\n");
-  EXPECT_EQ(Block("[ 1 [ 2 ] ] field", true), "[ 1 [ 2 ] \n]");
-  EXPECT_EQ(Current(), "field");
-  EXPECT_EQ(Block("Box { } eventIn", true), "Box { }");
-  EXPECT_EQ(Current(), "eventIn");
-  EXPECT_EQ(Block("{ } next", false), "!");
-  EXPECT_EQ(Current(), "}");
-  EXPECT_EQ(Block("word next", false), "word");
-  EXPECT_EQ(Current(), "next");
-  EXPECT_EQ(Block("{ a ( b", false), "a ( b") << "the input ends";
-  EXPECT_EQ(Block("[ 1 ] stray words field", true), "[ 1 ]") << "what isn't counted isn't written";
+  for (const auto& [text, fieldDefault, captured, current] :
+       {std::tuple("{ a b c d } next", false, "a b c d", "}"),
+        {"{ a { b } c d } next", false, "a { b } c \nd", "}"},
+        {"{ 1 2 3 4 5 }", false, "1 2 3 4 5\n", "}"},
+        {"[ 1 [ 2 ] ] field", true, "[ 1 [ 2 ] \n]", "field"},
+        {"Box { } eventIn", true, "Box { }", "eventIn"},
+        {"{ } next", false, "!", "}"},
+        {"word next", false, "word", "next"},
+        {"{ a ( b", false, "a ( b", ""},                         // the input ends
+        {"[ 1 ] stray words field", true, "[ 1 ]", "stray"}}) {  // what isn't counted isn't written
+    EXPECT_EQ(Block(text, fieldDefault), captured) << text;
+    EXPECT_EQ(Current(), current) << text;
+  }
 }
 
 // A text as long as any, told from its tokens.
