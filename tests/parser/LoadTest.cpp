@@ -99,14 +99,6 @@ TEST(Load, ProgressByTheEndsOfTokens) {
   }
 }
 
-TEST(Load, ASecondLoadKnowsTheNamesOfTheFirst) {
-  const TemporaryFolder folder;
-  Model model = LoadFile(folder.Write("first.wrl", "#VRML V1.0 ascii\nDEF a Cube {} Info {}"));
-  CKelWorld second;
-  EXPECT_EQ(model.Parser->Parse(&second, folder.Write("second.wrl", "#VRML V1.0 ascii\nUSE a").c_str()), VRMLLoadOK);
-  EXPECT_EQ(second.GetNumObjects(), 1);
-}
-
 // A file that ends inside its scopes leaves them open; the next load goes to its own world all the same.
 TEST(Load, OpenScopesOfAnEarlierLoadLeadIntoTheNewWorld) {
   const TemporaryFolder folder;
@@ -135,13 +127,13 @@ TEST(Load, ASecondLoadFindsOutAnew) {
   EXPECT_EQ(model.Parser->GetMissingFiles().size(), 2U);
 
   CKelWorld second;
-  const std::string text = "#VRML V1.0 ascii\nCube { width 50 } Ball { } Cone { parts SIDES }";
+  const std::string text = "#VRML V1.0 ascii\nCube { width 50 } Ball { } Cone { parts SIDES } USE left";
   EXPECT_EQ(model.Parser->Parse(&second, folder.Write("second.wrl", text).c_str()), VRMLLoadWarnings);
   EXPECT_EQ(model.Parser->GetLastWarning(), VRMLWarningExtrusionData);
   EXPECT_EQ(model.Parser->GetImageUnits(), VRMLUnitsMeters);
   EXPECT_EQ(model.Parser->GetVersion(), VRMLVersion10);
   EXPECT_TRUE(model.Parser->GetMissingFiles().empty());
-  EXPECT_EQ(second.GetNumObjects(), 3 + 1) << "a cone has its base in version 1.0";
+  EXPECT_EQ(second.GetNumObjects(), 3 + 1 + 1) << "a cone has its base in version 1.0";
   EXPECT_EQ(second.GetNumGroups(), 0) << "the last name of the first file is no group of the second";
   CheckModel(second);
 
