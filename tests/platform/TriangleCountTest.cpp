@@ -152,7 +152,7 @@ TEST(TriangleCount, FacesOfEveryKind) {
   RandomValues random;
   for (int i = 0; i < 80'000 && !HasFailure(); ++i) {
     SCOPED_TRACE(i);
-    const std::size_t side = std::array{2, 3, 6, 40}[random.Below(4)];
+    const std::size_t side = std::array<std::size_t, 4>{2, 3, 6, 40}[random.Below(4)];
     const std::size_t plane = random.Below(6);
     brixFloatPointArray outline;
     for (std::size_t size = random.Below(21); size > 0; --size) {
