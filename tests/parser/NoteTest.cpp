@@ -259,26 +259,3 @@ TEST(Note, TheTextMayBeGone) {
   ASSERT_EQ(parser.GetNotes().size(), 1U);
   EXPECT_EQ(TextOf(parser.GetNotes()[0].Name), "");
 }
-
-// Places that lie far from one another in turn, and long names in front of many fields.
-TEST(Note, TheyTakeTimeInProportionToTheText) {
-  std::string scene = Version20;
-  std::string word = "pointset";
-  const auto flip = [&word](int index) {
-    for (std::size_t i = 0; i < word.size(); ++i) {
-      const bool upper = (static_cast<unsigned>(index) >> i & 1U) != 0;
-      word[i] = static_cast<char>(upper ? word[i] & ~0x20 : word[i] | 0x20);
-    }
-    return word + " { coord ";
-  };
-  for (int i = 0; i < 100; ++i) scene += flip(i);
-  scene += "Coordinate {}" + std::string(30'000'000, '\n');
-  for (int i = 0; i < 101; ++i) scene += "X" + std::to_string(i) + " {} ";
-  const Model far = LoadBytes(scene + Repeat("} ", 100));
-  EXPECT_GT(far.Parser->GetNotes().size(), 150U);
-
-  const std::string name(200'000, 'P');
-  const Model many =
-      LoadBytes(Version20 + ("PROTO " + name) + " [] { Box {} }\n" + name + " {" + Repeat(" a 1", 100'000) + " }");
-  EXPECT_EQ(many.Parser->GetNotes()[0].Count, 100'000U);
-}

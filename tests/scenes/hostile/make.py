@@ -78,6 +78,12 @@ def prototype_fields():
     return f"{VRML20}PROTO P [ {fields} ] {{ Group {{ }} }}\n" + "P { }\n" * 10_000
 
 
+def prototype_name():
+    """A long name in front of many fields that the prototype doesn't have: there is a note of each."""
+    name = "P" * 800_000
+    return f"{VRML20}PROTO {name} [ ] {{ Box {{ }} }}\n{name} {{ {'a 1 ' * 400_000}}}\n"
+
+
 def prototype_references():
     return f"{VRML20}PROTO P [ field SFFloat f 1 ] {{ Group {{ {'a IS f ' * 10_000} }} }}\n" + "P { }\n" * 10_000
 
@@ -145,7 +151,7 @@ def shapes_run_on():
 
 SCENES = [files_dots, files_missing, transforms_run_on, transforms_run_on_long, shapes_run_on, use_solids,
           use_transforms, use_caps, use_stars, use_instance, prototype_words, prototype_transforms,
-          prototype_prototypes, prototype_values, prototype_fields, prototype_references, instance_text,
+          prototype_prototypes, prototype_values, prototype_fields, prototype_name, prototype_references, instance_text,
           nested_appearances, point_sets, strips, pixels, padded_grids, swept_points]
 
 
