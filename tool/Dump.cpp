@@ -7,9 +7,6 @@
 #include <vector>
 
 #include "Failures.h"
-#include "Json.h"
-#include "Text.h"
-#include "Units.h"
 #include "qelvrml/platform/brix/brixRunList.h"
 #include "qelvrml/platform/brix/groups/brixObjectVisitor.h"
 #include "qelvrml/platform/brix/solids/brixBox.h"
@@ -23,6 +20,9 @@
 #include "qelvrml/platform/brixex/shapes/CKelPolyface.h"
 #include "qelvrml/platform/brixex/shapes/CKelPolygon.h"
 #include "qelvrml/platform/brixex/textures/CKelTextureManager.h"
+#include "text/Json.h"
+#include "text/Text.h"
+#include "text/Units.h"
 
 namespace {
 

@@ -9,8 +9,8 @@
 #include <stdexcept>
 
 #include "CommandLine.h"
-#include "Terminal.h"
-#include "Text.h"
+#include "text/Terminal.h"
+#include "text/Text.h"
 
 void ReportProblem(const std::string& path, const std::string& problem) {
   std::cerr << "qelvrml: " << Printable(path) << ": " << Colours(STDERR_FILENO).Failure(problem) << '\n';

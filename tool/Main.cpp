@@ -9,8 +9,8 @@
 #include "CommandLine.h"
 #include "Dump.h"
 #include "Failures.h"
-#include "Info.h"
 #include "Load.h"
+#include "info/Info.h"
 
 namespace {
 

@@ -1,16 +1,16 @@
-#include "Info.h"
+#include "info/Info.h"
 
 #include <filesystem>
 #include <memory>
 #include <system_error>
 
-#include "Census.h"
 #include "Failures.h"
-#include "InfoJson.h"
 #include "Load.h"
 #include "Paths.h"
-#include "Report.h"
-#include "Summary.h"
+#include "info/Census.h"
+#include "info/InfoJson.h"
+#include "info/Report.h"
+#include "info/Summary.h"
 
 namespace {
 

@@ -1,16 +1,16 @@
-#include "Report.h"
+#include "info/Report.h"
 
 #include <unistd.h>
 
 #include <algorithm>
 #include <iostream>
 
-#include "Figures.h"
-#include "Notes.h"
-#include "Terminal.h"
-#include "Text.h"
-#include "Units.h"
 #include "qelvrml/platform/brixex/textures/CKelTextureManager.h"
+#include "text/Figures.h"
+#include "text/Notes.h"
+#include "text/Terminal.h"
+#include "text/Text.h"
+#include "text/Units.h"
 
 namespace {
 

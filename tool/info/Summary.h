@@ -2,8 +2,8 @@
 
 #include <cstddef>
 
-#include "Listing.h"
-#include "Terminal.h"
+#include "info/Listing.h"
+#include "text/Terminal.h"
 
 /// A line for each file and one for all of them, for people.
 class Summary : public Listing {

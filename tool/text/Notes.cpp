@@ -1,10 +1,10 @@
-#include "Notes.h"
+#include "text/Notes.h"
 
 #include <array>
 #include <filesystem>
 
-#include "Figures.h"
-#include "Text.h"
+#include "text/Figures.h"
+#include "text/Text.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Census.h"
 #include "Load.h"
+#include "info/Census.h"
 
 /// Prints for people all that can be told about a file.
 void PrintReport(const LoadedFile& file, const Census& census);

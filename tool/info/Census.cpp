@@ -1,4 +1,4 @@
-#include "Census.h"
+#include "info/Census.h"
 
 #include <algorithm>
 #include <cstddef>

@@ -1,13 +1,13 @@
-#include "InfoJson.h"
+#include "info/InfoJson.h"
 
 #include <iostream>
 #include <string>
 
 #include "Failures.h"
-#include "Json.h"
-#include "Text.h"
-#include "Units.h"
 #include "qelvrml/platform/brixex/textures/CKelTextureManager.h"
+#include "text/Json.h"
+#include "text/Text.h"
+#include "text/Units.h"
 
 namespace {
 

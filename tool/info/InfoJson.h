@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Listing.h"
+#include "info/Listing.h"
 
 /// Prints as a JSON object what a report tells about a file.
 void PrintInfoJson(const LoadedFile& file, const Census& census);

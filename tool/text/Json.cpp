@@ -1,11 +1,11 @@
-#include "Json.h"
+#include "text/Json.h"
 
 #include <array>
 #include <charconv>
 #include <utility>
 
-#include "Notes.h"
-#include "Text.h"
+#include "text/Notes.h"
+#include "text/Text.h"
 
 double Shortest(float value) {
   std::array<char, 32> text{};

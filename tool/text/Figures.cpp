@@ -1,4 +1,4 @@
-#include "Figures.h"
+#include "text/Figures.h"
 
 #include <algorithm>
 #include <array>

@@ -1,4 +1,4 @@
-#include "Summary.h"
+#include "info/Summary.h"
 
 #include <unistd.h>
 
@@ -6,10 +6,10 @@
 #include <iostream>
 #include <string>
 
-#include "Figures.h"
-#include "Report.h"
-#include "Text.h"
-#include "Units.h"
+#include "info/Report.h"
+#include "text/Figures.h"
+#include "text/Text.h"
+#include "text/Units.h"
 
 // ok       13         86  60 x 400 x 60 m           0   1.2 ms  every-class.wrl
 // failed: not a VRML file                           0   0.1 ms  text.wrl

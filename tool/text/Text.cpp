@@ -1,4 +1,4 @@
-#include "Text.h"
+#include "text/Text.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "Units.h"
+#include "text/Units.h"
 
 namespace {
 

@@ -2,8 +2,8 @@
 
 #include <cstdint>
 
-#include "Census.h"
 #include "Load.h"
+#include "info/Census.h"
 
 /// What several files hold together.
 struct Total {
