@@ -34,14 +34,13 @@ install(FILES ${CMAKE_CURRENT_BINARY_DIR}/qelvrml.pc
 
 # The folder would be that of a project that this one is a part of.
 if(PROJECT_IS_TOP_LEVEL)
-  install(FILES README.md CHANGELOG.md SECURITY.md DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT documentation)
+  install(FILES README.md CHANGELOG.md CONTRIBUTING.md SECURITY.md DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT documentation)
   if(NOT QELVRML_DEBIAN)  # there it is a part of another file
     install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT documentation)
   endif()
-  install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT documentation FILES_MATCHING PATTERN "*.md")
+  install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT documentation
+    FILES_MATCHING PATTERN "*.md" PATTERN "*.svg" PATTERN "*.png")
   install(DIRECTORY ${CMAKE_CURRENT_BINARY_DIR}/docs/html
     DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT documentation OPTIONAL)
-  # The others build the library from the sources around them.
-  install(DIRECTORY examples DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT documentation
-    PATTERN fetch EXCLUDE PATTERN subproject EXCLUDE)
+  install(DIRECTORY examples DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT documentation)
 endif()

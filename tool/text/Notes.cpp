@@ -21,7 +21,7 @@ constexpr std::array NoteKinds = {
     NoteKind{VRMLNoteDroppedName, "droppedName", "DEF of a node that was left out"},
     NoteKind{VRMLNoteMisplacedNode, "misplacedNode", "out of place, and its } ended the node around it"},
     NoteKind{VRMLNoteRootClosed, "rootClosed",
-             "a } too many, and what stands behind it is in no scope, or in a wrong one"},
+             "a } too many, so that what stands behind it is lost or in a wrong scope"},
     NoteKind{VRMLNoteUnknownUse, "unknownUse", "USE of a name that means nothing"},
     NoteKind{VRMLNoteUnknownField, "unknownField", "a field that the prototype doesn't have"},
     NoteKind{VRMLNoteFieldWithoutValue, "fieldWithoutValue", "a field of a type whose values aren't read"},
