@@ -6,12 +6,12 @@
 
 /// What a note is about. A load goes on behind each of these; the model lacks what the note says.
 enum VRMLNoteTypes : std::uint32_t {
-  VRMLNoteUnknownNode = 0,    ///< a node of a kind that this library doesn't know was passed over
-  VRMLNoteDroppedNode = 1,    ///< a node was read and dropped: its kind has no place in the model
-  VRMLNoteDroppedName = 2,    ///< the DEF name of a node of one of these two kinds means nothing
-  VRMLNoteMisplacedNode = 3,  ///< a node stood where the node around it reads none; its } ended that one
-  VRMLNoteRootClosed = 4,  ///< a } closed the scope that its file began in: what is behind it has none, or a wrong one
-  VRMLNoteUnknownUse = 5,  ///< a USE of a name that means nothing
+  VRMLNoteUnknownNode = 0,            ///< a node of a kind that this library doesn't know was passed over
+  VRMLNoteDroppedNode = 1,            ///< a node was read and dropped: its kind has no place in the model
+  VRMLNoteDroppedName = 2,            ///< the DEF name of a node of one of these two kinds means nothing
+  VRMLNoteMisplacedNode = 3,          ///< a node stood where the node around it reads none; its } ended that one
+  VRMLNoteRootClosed = 4,             ///< a } closed the scope its file began in: what follows has none or a wrong one
+  VRMLNoteUnknownUse = 5,             ///< a USE of a name that means nothing
   VRMLNoteUnknownField = 6,           ///< an instance gave a field that its prototype doesn't have
   VRMLNoteFieldWithoutValue = 7,      ///< an instance gave a field without a value that is read for its type
   VRMLNoteDroppedPrototype = 8,       ///< a PROTO couldn't be read to its end, and isn't declared
@@ -22,9 +22,9 @@ enum VRMLNoteTypes : std::uint32_t {
   VRMLNoteExtrusionWithoutData = 13,  ///< an Extrusion lacks a spine or a cross-section
   VRMLNoteEmptyGeometry = 14,         ///< a geometry node added nothing to the model
   VRMLNoteNothingChosen = 15,         ///< a Switch chose none of its children
-  VRMLNoteLostEnd = 16,     ///< a node, or words in a list, took the } or ] behind it along: a later } closes too much
-  VRMLNoteNoGeometry = 17,  ///< the file led to no node that makes an object
-  VRMLNoteLostParts = 18,   ///< faces or lines of a set name points that there aren't, and were left out
+  VRMLNoteLostEnd = 16,               ///< a node or a list took its own } or ] along, so that a later } closes too much
+  VRMLNoteNoGeometry = 17,            ///< the file led to no node that makes an object
+  VRMLNoteLostParts = 18,             ///< faces or lines of a set name points that there aren't, and were left out
 };
 /// Number of kinds, whose values are 0 and up.
 constexpr int VRMLNoteTypeCount = VRMLNoteLostParts + 1;
