@@ -147,6 +147,7 @@ TEST(Note, NamesAndPrototypes) {
 TEST(Note, GeometryThatAddsNothing) {
   const NotedScene scenes[] = {
       {Version10, "Cube {} IndexedFaceSet { coordIndex [ 0 1 2 ] }", "empty IndexedFaceSet 2;"},
+      {Version20, "PROTO P [] { PointSet {} }\nP {}", "empty PointSet 3;"},
       {Version10, "Coordinate3 { point [ 0 0 0, 1 0 0, 0 1 0 ] }\nIndexedFaceSet { coordIndex [ 0 1 2 -1 0 1 7 -1 ] }",
        "lost parts IndexedFaceSet 3;"},
       {Version10, "Coordinate3 { point [ 0 0 0, 1 0 0 ] } IndexedLineSet { coordIndex [ 0 1 -1 1 -2 ] }\nCube {}",
@@ -201,11 +202,11 @@ TEST(Note, OnlySoManyAreKept) {
   EXPECT_EQ(notes[255].Line, 257);
   EXPECT_EQ(model.Parser->GetUnlistedNotes(), 44U + 2U + 1U) << "the last is that there is no geometry";
 
-  model = LoadBytes(std::string(Version10) + std::string(1000, 'x') + " {} Cube {}");
+  model = LoadBytes(Version10 + ("N" + std::string(1000, 'x')) + " {} Cube {}");
   ASSERT_EQ(model.Parser->GetNotes().size(), 1U);
-  EXPECT_EQ(model.Parser->GetNotes()[0].Name.GetLength(), 256);
+  EXPECT_EQ(TextOf(model.Parser->GetNotes()[0].Name), "N" + std::string(255, 'x'));
   model = LoadBytes(std::string(Version20) + 'x' + Repeat("\u00E9", 200) + " {} Cube {}");
-  EXPECT_EQ(model.Parser->GetNotes()[0].Name.GetLength(), 128) << "no half of a character";
+  EXPECT_EQ(TextOf(model.Parser->GetNotes()[0].Name), 'x' + Repeat("\u00E9", 127)) << "no half of a character";
 }
 
 TEST(Note, TheyAreThoseOfTheLastLoad) {
