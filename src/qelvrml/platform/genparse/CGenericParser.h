@@ -111,7 +111,7 @@ public:
   /// The word that begins at a place of the text; empty for a place that isn't in the text that is being read.
   std::string_view GetWordAt(const char* place) const;
   /// The word in front of the current token, with nothing but white space and comments between them. Empty if something
-  /// else stands there, or no word within some kilobytes.
+  /// else stands there, or no word within 512 bytes.
   std::string_view GetWordBefore() const;
   /// Whether the current token stands in the text of the reading; a host may have changed one of the two.
   bool IsCurrentTokenInText() const;

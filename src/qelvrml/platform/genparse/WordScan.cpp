@@ -1,6 +1,7 @@
 // Words of the text by their place, for those who tell people about it.
 
 #include <algorithm>
+#include <cstring>
 
 #include "qelvrml/platform/genparse/CGenericParser.h"
 #include "qelvrml/platform/genparse/Characters.h"
@@ -10,7 +11,7 @@ namespace {
 
 using qelvrml::CharacterClass;
 
-constexpr std::ptrdiff_t FarthestWord = 4096;
+constexpr std::ptrdiff_t FarthestWord = 512;  // in bytes; all of them may be looked through for a comment
 
 CharacterClass ClassAt(const qelvrml::TokenSource& source, const char* p) {
   return source.Classes[static_cast<unsigned char>(*p)];
@@ -38,10 +39,12 @@ std::string_view CGenericParser::GetWordBefore() const {
   const qelvrml::TokenSource& source = *Reading.Source;
   const char* end = GetCurrentPlace();
   const char* begin = end - std::min(end - source.Text->begin(), FarthestWord);
+  // Without a comment the lines are as good as one.
+  const bool hasComment = std::memchr(begin, '#', static_cast<std::size_t>(end - begin)) != nullptr;
   while (end != begin) {
-    const char* line = end;
+    const char* line = hasComment ? end : begin;
     while (line != begin && line[-1] != '\n' && line[-1] != '\r') --line;
-    const char* p = FindCommentOfLine(source, line, end);
+    const char* p = hasComment ? FindCommentOfLine(source, line, end) : end;
     while (p != line && ClassAt(source, p - 1) == CharacterClass::Space) --p;
     if (p != line) {
       const char* word = p;
