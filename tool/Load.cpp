@@ -52,16 +52,12 @@ std::string WhatWentWrong(VRMLLoadResultTypes result, const std::string& path) {
   return MayBeVrml(path) ? "nothing in it could be loaded" : "not a VRML file";
 }
 
-}  // namespace
-
-LoadedFile LoadFile(const std::string& path) {
+LoadedFile LoadBy(CVRMLParser& parser, const std::string& path) {
   LoadedFile file;
   file.Path = path;
   file.World = std::make_unique<CKelWorld>();
   const std::string folder = std::filesystem::path(path).parent_path().string();
   file.World->GetTextureManager()->AddAlternatePath(CBasicString(folder.c_str()));
-  CVRMLParser parser;
-  const ProgressBar bar(parser);
   const auto start = std::chrono::steady_clock::now();
   file.Result = parser.Parse(file.World.get(), CBasicString(path.c_str()));
   file.Seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
@@ -71,6 +67,19 @@ LoadedFile LoadFile(const std::string& path) {
   file.Notes = parser.GetNotes();
   file.UnlistedNotes = parser.GetUnlistedNotes();
   return file;
+}
+
+}  // namespace
+
+LoadedFile LoadFile(const std::string& path) {
+  CVRMLParser parser;
+  const ProgressBar bar(parser);
+  return LoadBy(parser, path);
+}
+
+LoadedFile LoadFileSilently(const std::string& path) {
+  CVRMLParser parser;
+  return LoadBy(parser, path);
 }
 
 std::string ResultName(VRMLLoadResultTypes result) {

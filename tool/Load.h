@@ -23,6 +23,8 @@ struct LoadedFile {
 
 /// Loads a file, with a progress bar if standard error is a terminal.
 LoadedFile LoadFile(const std::string& path);
+/// Loads a file and shows nothing; several threads can do so at once.
+LoadedFile LoadFileSilently(const std::string& path);
 
 /// Name of a result, such as "VRMLLoadOK".
 std::string ResultName(VRMLLoadResultTypes result);

@@ -5,16 +5,15 @@
 #include <system_error>
 
 #include "CommandLine.h"
+#include "text/Text.h"
 
 namespace {
 
 namespace fs = std::filesystem;
 
-bool IsSceneName(std::string name) {
-  std::transform(name.begin(), name.end(), name.begin(),
-                 [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
+bool IsSceneName(const std::string& name) {
   return std::any_of(SceneEndings.begin(), SceneEndings.end(),
-                     [&name](const char* ending) { return name.ends_with(std::string(".") + ending); });
+                     [&name](const char* ending) { return HasEnding(name, std::string(".") + ending); });
 }
 
 // Adds the files of one folder to `files`, and its folders to `folders`.
@@ -50,4 +49,15 @@ std::vector<FoundPath> FindFiles(const std::string& path) {
   std::sort(files.begin(), files.end());
   for (const fs::path& file : files) found.push_back({file.string(), "", 0});
   return found;
+}
+
+std::string SceneStem(const std::string& path) {
+  const fs::path name = fs::path(path).filename();
+  std::size_t longest = name.extension().string().size();
+  for (const char* ending : SceneEndings) {
+    const std::string whole = std::string(".") + ending;
+    if (HasEnding(name.string(), whole)) longest = std::max(longest, whole.size());
+  }
+  const std::string stem = name.string().substr(0, name.string().size() - longest);
+  return stem.empty() ? name.string() : stem;
 }

@@ -13,3 +13,6 @@ struct FoundPath {
 /// The VRML files in a folder and the folders in it, by their names and in their order; links to folders aren't
 /// followed. Of anything but a folder, just that.
 std::vector<FoundPath> FindFiles(const std::string& path);
+
+/// The name of a scene without the ending that says so, else without its last one: "desk" for "models/desk.wrl.gz".
+std::string SceneStem(const std::string& path);

@@ -9,14 +9,19 @@
 
 namespace {
 
-constexpr int Width = 40;  // characters of a full bar
+constexpr std::size_t Width = 40;  // characters of a full bar
+
+std::string Bar(std::size_t done, std::size_t total) {
+  const std::size_t filled = total > 0 ? done * Width / total : 0;
+  return "\r[" + std::string(filled, '#') + std::string(Width - filled, '.') + "] ";
+}
 
 void Show(int percentage) {
-  const auto filled = static_cast<std::size_t>(percentage * Width / 100);
-  const std::string bar = std::string(filled, '#') + std::string(Width - filled, '.');
-  std::fprintf(stderr, "\r[%s] %2d%%", bar.c_str(), percentage);
+  std::fprintf(stderr, "%s%2d%%", Bar(static_cast<std::size_t>(percentage), 100).c_str(), percentage);
   std::fflush(stderr);
 }
+
+void ClearLine() { std::fprintf(stderr, "\r\x1b[K"); }
 
 }  // namespace
 
@@ -25,5 +30,20 @@ ProgressBar::ProgressBar(CVRMLParser& parser) : Shown(isatty(STDERR_FILENO) != 0
 }
 
 ProgressBar::~ProgressBar() {
-  if (Shown) std::fprintf(stderr, "\r\x1b[K");  // back to an empty line
+  if (Shown) ClearLine();
+}
+
+CountBar::CountBar(std::size_t total) : Total(total), Shown(isatty(STDERR_FILENO) != 0) {}
+
+CountBar::~CountBar() { Hide(); }
+
+void CountBar::CountOne() {
+  ++Done;
+  if (!Shown) return;
+  std::fprintf(stderr, "%s%zu of %zu", Bar(Done, Total).c_str(), Done, Total);
+  std::fflush(stderr);
+}
+
+void CountBar::Hide() const {
+  if (Shown) ClearLine();
 }

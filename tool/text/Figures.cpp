@@ -47,3 +47,9 @@ std::string Duration(double seconds) {
   const double value = milli ? seconds * 1e3 : seconds;
   return WithCommas(Written(value, std::chars_format::fixed, value < 99.95 ? 1 : 0)) + (milli ? " ms" : " s");
 }
+
+std::string Bytes(std::uint64_t count) {
+  if (count < 1000) return Counted(count, "byte");
+  const bool kilo = count < 999'500;
+  return Measure(static_cast<double>(count) / (kilo ? 1e3 : 1e6), 3) + (kilo ? " kB" : " MB");
+}

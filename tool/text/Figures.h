@@ -13,3 +13,5 @@ std::string Counted(std::uint64_t count, const std::string& noun);
 std::string Measure(double value, int digits);
 /// A time such as "1.2 ms", "345 ms" or "6.7 s".
 std::string Duration(double seconds);
+/// A size of a file such as "812 bytes", "45.3 kB" or "1.2 MB".
+std::string Bytes(std::uint64_t count);

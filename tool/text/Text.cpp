@@ -50,3 +50,8 @@ std::string EndOfPath(const std::string& path, std::size_t width) {
   const std::size_t slash = path.find('/', start);
   return dots + path.substr(slash != std::string::npos ? slash : start);
 }
+
+bool HasEnding(const std::string& name, const std::string& ending) {
+  const auto same = [](char lower, char c) { return c == lower || (c >= 'A' && c <= 'Z' && c - 'A' + 'a' == lower); };
+  return name.size() >= ending.size() && std::equal(ending.rbegin(), ending.rend(), name.rbegin(), same);
+}

@@ -18,3 +18,6 @@ std::size_t Columns(const std::string& text);
 
 /// The end of a path, behind "..." if it has more columns than `width`; from a / on where there is one.
 std::string EndOfPath(const std::string& path, std::size_t width);
+
+/// Whether a name ends in `ending`, which is in lower case, in any case.
+bool HasEnding(const std::string& name, const std::string& ending);

@@ -6,16 +6,17 @@ struct Unit {
   const char* Name;
   const char* Symbol;
   const char* Meaning;
+  double Metres;
 };
 
 Unit UnitOf(VRMLImageUnitsTypes units) {
   switch (units) {
-    case VRMLUnitsMicrons: return {"microns", "um", "numbers read as metres, scaled to microns"};
-    case VRMLUnitsMillimeters: return {"millimeters", "mm", "numbers read as metres, scaled to millimetres"};
-    case VRMLUnitsCentimeters: return {"centimeters", "cm", "numbers read as metres, scaled to centimetres"};
-    case VRMLUnitsMeters: return {"meters", "m", "numbers read as metres"};
+    case VRMLUnitsMicrons: return {"microns", "um", "numbers read as metres, scaled to microns", 1e-6};
+    case VRMLUnitsMillimeters: return {"millimeters", "mm", "numbers read as metres, scaled to millimetres", 1e-3};
+    case VRMLUnitsCentimeters: return {"centimeters", "cm", "numbers read as metres, scaled to centimetres", 1e-2};
+    case VRMLUnitsMeters: return {"meters", "m", "numbers read as metres", 1.0};
   }
-  return {"", "", ""};
+  return {"", "", "", 1.0};
 }
 
 }  // namespace
@@ -23,3 +24,4 @@ Unit UnitOf(VRMLImageUnitsTypes units) {
 std::string UnitsName(VRMLImageUnitsTypes units) { return UnitOf(units).Name; }
 std::string UnitsSymbol(VRMLImageUnitsTypes units) { return UnitOf(units).Symbol; }
 std::string UnitsMeaning(VRMLImageUnitsTypes units) { return UnitOf(units).Meaning; }
+double MetresOf(VRMLImageUnitsTypes units) { return UnitOf(units).Metres; }

@@ -10,3 +10,5 @@ std::string UnitsName(VRMLImageUnitsTypes units);
 std::string UnitsSymbol(VRMLImageUnitsTypes units);
 /// How the numbers of a file became those of the model: "numbers read as metres, scaled to centimetres".
 std::string UnitsMeaning(VRMLImageUnitsTypes units);
+/// How many metres it is.
+double MetresOf(VRMLImageUnitsTypes units);
