@@ -12,11 +12,18 @@ class App;
 // What the command says about itself: its arguments, and the tables of its man page and completions. Nothing here needs
 // the library.
 
+enum class Command { Info, Dump, Convert };
+
 /// What the arguments ask for.
 struct Arguments {
-  bool Info = false;  ///< else Dump
-  std::vector<std::string> Paths;
+  Command Asked = Command::Info;
+  std::vector<std::string> Paths;  ///< what is read
   bool Json = false;
+  double Tolerance = 0.0;  ///< in units of the model; 0 for the command's own
+  std::string Output;      ///< file to be written; empty for the command's own
+  std::string Format;      ///< ending of the files to be written, such as "glb"; empty to go by that of Output
+  std::string Folder;      ///< where these files go
+  bool Force = false;      ///< files that are there are replaced
 };
 
 /// The sub-commands and options of the command; parsing fills `arguments`, which has to live as long.
@@ -27,6 +34,7 @@ inline constexpr int StatusNotOpened = 2;
 inline constexpr int StatusWrongArguments = 64;
 inline constexpr int StatusInternalError = 70;
 inline constexpr int StatusOutOfMemory = 71;
+inline constexpr int StatusNotWritten = 73;
 
 /// Behind what --help says first.
 inline constexpr const char* Description =
@@ -43,12 +51,13 @@ struct Meaning {
 
 inline constexpr std::array ExitStatuses = {
     Meaning{"0", "everything was loaded"},
-    Meaning{"1", "nothing in a file could be loaded, it isn't VRML, or a folder holds none"},
+    Meaning{"1", "nothing in a file could be loaded or shown, it isn't VRML, or a folder has none"},
     Meaning{"2", "a file or folder can't be opened"},
     Meaning{"3", "a file can't be unpacked"},
-    Meaning{"64", "wrong arguments"},
-    Meaning{"70", "the output can't be written"},
+    Meaning{"64", "wrong arguments, or a command that this build lacks"},
+    Meaning{"70", "the output can't be written, or made"},
     Meaning{"71", "memory ran out"},
+    Meaning{"73", "a file can't be written, or is there already"},
 };
 
 inline constexpr std::array Variables = {
@@ -61,7 +70,17 @@ inline constexpr std::array Examples = {
     Meaning{"qelvrml info models lamp.wrz", "gives a line for each scene in the folder models and one for lamp.wrz"},
     Meaning{"qelvrml info --json models >models.json", "writes the same as JSON"},
     Meaning{"qelvrml dump desk.wrl >desk.json", "writes every group, object and texture of the model"},
+    Meaning{"qelvrml convert desk.wrl desk.glb", "writes desk.wrl as glTF"},
+    Meaning{"qelvrml convert models --to stl --into prints", "writes each scene in the folder models as STL"},
 };
+
+/// The words that an option takes, for completions; other words may do as well.
+inline constexpr std::array OptionWords = {
+    Meaning{"--to", "glb gltf obj stl ply"},
+};
+
+/// Endings of the files that convert writes.
+inline constexpr std::array WrittenEndings = {"glb", "gltf", "obj", "stl", "ply"};
 
 /// Ends of the names of files that are looked for in folders, in any case.
 inline constexpr std::array SceneEndings = {"wrl", "wrz", "vrml", "vrz", "wrl.gz", "vrml.gz", "wrl.zip", "vrml.zip"};

@@ -1,4 +1,4 @@
-// The qelvrml command: shows what VRML files hold.
+// The qelvrml command: shows, measures and converts what VRML files hold.
 
 #include <CLI/CLI.hpp>
 #include <exception>
@@ -10,6 +10,7 @@
 #include "Dump.h"
 #include "Failures.h"
 #include "Load.h"
+#include "convert/Convert.h"
 #include "info/Info.h"
 
 namespace {
@@ -22,6 +23,18 @@ int TellDump(const std::string& path) {
   return ExitStatus(file.Result);
 }
 
+// The command line refuses a command that this build lacks.
+int Obey(const Arguments& arguments) {
+  switch (arguments.Asked) {
+    case Command::Info: return TellInfo(arguments.Paths, arguments.Json);
+    case Command::Dump: return TellDump(arguments.Paths.front());
+    case Command::Convert:
+      if constexpr (QELVRML_HAS_CONVERT != 0) return Convert(arguments);
+      break;
+  }
+  return StatusInternalError;
+}
+
 int Run(int argc, char** argv) {
   Arguments arguments;
   const std::unique_ptr<CLI::App> app = MakeCommandLine(arguments);
@@ -30,7 +43,7 @@ int Run(int argc, char** argv) {
   } catch (const CLI::ParseError& error) {
     return app->exit(error) == 0 ? 0 : StatusWrongArguments;
   }
-  return arguments.Info ? TellInfo(arguments.Paths, arguments.Json) : TellDump(arguments.Paths.front());
+  return Obey(arguments);
 }
 
 }  // namespace

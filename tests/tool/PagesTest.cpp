@@ -25,7 +25,7 @@ std::set<std::string> WordsOfHelp(const std::string& arguments) {
 
 TEST(Pages, NameEachCommandAndOption) {
   const std::set<std::string> words = WordsOfHelp("");
-  EXPECT_EQ(words, (std::set<std::string>{"-h", "--help", "--version", "info", "dump"}));
+  EXPECT_EQ(words, (std::set<std::string>{"-h", "--help", "--version", "info", "dump", "convert"}));
   std::set<std::string> all = words;
   for (const std::string& command : words) {
     if (command.starts_with("-")) continue;
@@ -33,7 +33,7 @@ TEST(Pages, NameEachCommandAndOption) {
     EXPECT_TRUE(options.contains("--help")) << command;
     all.insert(options.begin(), options.end());
   }
-  EXPECT_TRUE(all.contains("--json"));
+  for (const char* option : {"--json", "--into"}) EXPECT_TRUE(all.contains(option)) << option;
   for (const char* page : {"/qelvrml.1", "/qelvrml.bash", "/_qelvrml"}) {
     const std::string text = std::regex_replace(ReadWholeFile(Pages + page), std::regex(R"(\\-)"), "-");
     for (const std::string& word : all) {
@@ -54,6 +54,7 @@ TEST(Pages, CompleteWordsInBash) {
   EXPECT_EQ(Completions("qelvrml --v", 1), "--version|");
   EXPECT_EQ(Completions("qelvrml info --j", 2), "--json|");
   EXPECT_EQ(Completions("qelvrml dump --j", 2), "|");
+  EXPECT_EQ(Completions("qelvrml convert x --to g", 4), "glb|gltf|");
   const TemporaryFolder folder;
   folder.Write("my scene.WRL", "");
   folder.Write("more/lamp.wrl.gz", "");

@@ -3,12 +3,24 @@
 
 namespace {
 
-std::string OptionWords(const CLI::App& app) {
+std::string OptionNames(const CLI::App& app) {
   std::string words;
   for (const CLI::Option* option : Options(app)) {
     for (const std::string& name : Names(*option)) words += (words.empty() ? "" : " ") + name;
   }
   return words;
+}
+
+// A case for each option whose values are words.
+std::string ValueCases(const CLI::App& app) {
+  std::string cases;
+  for (const CLI::App* command : Commands(app)) {
+    for (const CLI::Option* option : Options(*command)) {
+      const std::string words = ValueWords(*option);
+      if (!words.empty()) cases += "    " + Names(*option).back() + ") words='" + words + "' ;;\n";
+    }
+  }
+  return cases;
 }
 
 std::string EndingsExpression() {
@@ -27,16 +39,21 @@ std::string BashCompletion(const CLI::App& app) {
   std::string cases;
   for (const CLI::App* command : Commands(app)) {
     commands += command->get_name() + " ";
-    cases += "      " + command->get_name() + ") words='" + OptionWords(*command) + "' ;;\n";
+    cases += "      " + command->get_name() + ") words='" + OptionNames(*command) + "' ;;\n";
   }
   return R"(# Completion of the qelvrml command for bash.
 
 _qelvrml() {
   local current=${COMP_WORDS[COMP_CWORD]} words='' file
   COMPREPLY=()
-  if ((COMP_CWORD == 1)); then
+  case ${COMP_WORDS[COMP_CWORD - 1]} in
+)" + ValueCases(app) +
+         R"(  esac
+  if [[ -n $words ]]; then
+    :
+  elif ((COMP_CWORD == 1)); then
     words=')" +
-         commands + OptionWords(app) + R"('
+         commands + OptionNames(app) + R"('
   elif [[ $current == -* ]]; then
     case ${COMP_WORDS[1]} in
 )" + cases +

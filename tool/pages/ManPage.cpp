@@ -51,13 +51,14 @@ std::string Items(const Table& table) {
 std::string OptionItem(const CLI::Option& option) {
   std::string names;
   for (const std::string& name : Names(option)) names += (names.empty() ? "" : ", ") + Bold(name);
+  if (HasValue(option)) names += " " + Italic(option.get_type_name());
   return Item(names, option.get_description() + ".");
 }
 
 std::string Usage(const CLI::App& command) {
   std::string usage = Bold("qelvrml " + command.get_name());
   for (const CLI::Option* option : Options(command)) {
-    if (option != command.get_help_ptr()) usage += " [" + Bold(Names(*option).back()) + "]";
+    if (option != command.get_help_ptr()) usage += " [" + Bold(Synopsis(*option)) + "]";
   }
   for (const CLI::Option* place : Places(command)) {
     usage += " " + Italic(place->get_name()) + (IsRepeated(*place) ? "..." : "");
@@ -80,7 +81,7 @@ std::string CommandText(const CLI::App& command) {
 std::string ManPage(const CLI::App& app) {
   std::ostringstream page;
   page << R"(.TH QELVRML 1 "" ")" << Roff(app.version()) << R"(" "User Commands")"
-       << "\n.SH NAME\nqelvrml \\- tell what VRML files hold\n.SH SYNOPSIS\n";
+       << "\n.SH NAME\nqelvrml \\- show, measure and convert VRML scenes\n.SH SYNOPSIS\n";
   for (const CLI::App* command : Commands(app)) page << Usage(*command) << "\n.br\n";
   for (const CLI::Option* option : Options(app)) {
     page << Bold("qelvrml") << " " << Bold(Names(*option).back()) << "\n.br\n";
@@ -89,7 +90,7 @@ std::string ManPage(const CLI::App& app) {
   for (const CLI::App* command : Commands(app)) page << CommandText(*command);
   page << ".SH OPTIONS\n";
   for (const CLI::Option* option : Options(app)) page << OptionItem(*option);
-  page << ".SH EXIT STATUS\nThat of the first file that wasn't loaded:\n" << Items(ExitStatuses);
+  page << ".SH EXIT STATUS\nThat of the first file that something went wrong with:\n" << Items(ExitStatuses);
   page << ".SH ENVIRONMENT\n" << Items(Variables) << ".SH EXAMPLES\n" << Items(Examples);
   page << ".SH SEE ALSO\n.BR gzip (1),\n.BR unzip (1)\n";
   return page.str();

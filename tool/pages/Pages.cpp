@@ -27,6 +27,17 @@ std::vector<std::string> Names(const CLI::Option& option) {
   return names;
 }
 
+std::string Synopsis(const CLI::Option& option) {
+  return Names(option).back() + (HasValue(option) ? " " + option.get_type_name() : "");
+}
+
+std::string ValueWords(const CLI::Option& option) {
+  for (const auto& [name, words] : OptionWords) {
+    if (option.check_name(name)) return words;
+  }
+  return "";
+}
+
 int main(int argc, char** argv) {
   if (argc != 2) return EXIT_FAILURE;
   Arguments arguments;

@@ -19,5 +19,11 @@ std::vector<const CLI::Option*> Options(const CLI::App& app);
 std::vector<const CLI::Option*> Places(const CLI::App& app);
 /// The names of an option with their dashes, short ones first.
 std::vector<std::string> Names(const CLI::Option& option);
+/// The last of these names, with what stands for the option's value: "--size WxH".
+std::string Synopsis(const CLI::Option& option);
+/// The words that a value of the option can be, separated by blanks; empty for anything.
+std::string ValueWords(const CLI::Option& option);
+/// Whether the option is followed by a value.
+inline bool HasValue(const CLI::Option& option) { return option.get_expected_max() > 0; }
 /// Whether an argument may be given more than once.
 inline bool IsRepeated(const CLI::Option& option) { return option.get_expected_max() > 1; }

@@ -19,13 +19,25 @@ std::string Quoted(const std::string& text) {
   return result;
 }
 
+// What follows an option: a word of a few, a file or folder, or something that can't be completed.
+std::string ValueText(const CLI::Option& option) {
+  if (!HasValue(option)) return "";
+  const std::string type = option.get_type_name();
+  const std::string words = ValueWords(option);
+  std::string action = words.empty() ? " " : "(" + words + ")";
+  if (type == "PAGE") action = "_files";
+  if (type == "FOLDER") action = "_files -/";
+  return ":" + Quoted(type) + ":" + action;
+}
+
 // Help and version exclude everything else.
 std::string OptionLine(const CLI::App& app, const CLI::Option& option) {
   std::string names;
   for (const std::string& name : Names(option)) names += (names.empty() ? "" : ",") + name;
   if (names.find(',') != std::string::npos) names = "'{" + names + "}'";
   const bool alone = &option == app.get_help_ptr() || &option == app.get_version_ptr();
-  return std::string("'") + (alone ? "(- *)" : "") + names + "[" + Quoted(option.get_description()) + "]'";
+  return std::string("'") + (alone ? "(- *)" : "") + names + "[" + Quoted(option.get_description()) + "]" +
+         ValueText(option) + "'";
 }
 
 std::string ScenePattern() {
@@ -37,9 +49,10 @@ std::string ScenePattern() {
 std::string CommandCase(const CLI::App& command) {
   std::string text = "        " + command.get_name() + ")\n          _arguments";
   for (const CLI::Option* option : Options(command)) text += " \\\n            " + OptionLine(command, *option);
+  int number = 0;
   for (const CLI::Option* place : Places(command)) {
-    text += std::string(" \\\n            '") + (IsRepeated(*place) ? "*" : "1") + ":" + place->get_name() +
-            ":_files -g \"" + ScenePattern() + "\"'";
+    const std::string which = IsRepeated(*place) ? "*" : std::to_string(++number);
+    text += " \\\n            '" + which + ":" + place->get_name() + ":_files -g \"" + ScenePattern() + "\"'";
   }
   return text + "\n          ;;\n";
 }

@@ -1,0 +1,6 @@
+#pragma once
+
+#include "CommandLine.h"
+
+/// Writes scenes in another format, and gives the exit status.
+int Convert(const Arguments& arguments);
