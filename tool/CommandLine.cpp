@@ -107,6 +107,30 @@ void AddDump(CLI::App& app, Arguments& arguments) {
   dump.footer("There is JSON for every result of the load, also when nothing was loaded.");
 }
 
+void AddMeasure(CLI::App& app, Arguments& arguments) {
+  CLI::App& measure =
+      AddCommand(app, arguments, Command::Measure, "measure", "Measure a scene, its groups and its objects");
+  AddScene(measure, arguments);
+  AddJson(measure, arguments);
+  AddTolerance(measure, arguments, "a 100th");
+  measure.footer(
+      "Lengths, areas and volumes are in the unit that was found. A surface is closed,\n"
+      "and has a volume, where each edge has a face on both sides; points that coincide\n"
+      "but for rounding count as one there. Objects that aren't closed are put together\n"
+      "with those of their group, and then of the group around it, that have the same\n"
+      "open edges: so the side of a cylinder and its two disks make one body. Faces of\n"
+      "an object that look into its inside make a cavity. Bodies that overlap count\n"
+      "each.\n"
+      "\n"
+      "Spheres, cones, cylinders and disks are measured by formula, and a rim is one\n"
+      "edge. The tolerance tells how many points and faces these have. A cylinder that\n"
+      "is scaled out of round is open, since its disks stay circles.\n"
+      "\n"
+      "As JSON, a group that is partly open has no volume; \"bodiesVolume\" is that of\n"
+      "what is closed in it, \"bodies\" and \"openSurfaces\" count both kinds, and\n"
+      "\"nonManifoldEdges\" are those with more than two faces.");
+}
+
 void AddConvert(CLI::App& app, Arguments& arguments) {
   CLI::App& convert =
       AddCommand(app, arguments, Command::Convert, "convert", "Write scenes as glTF, OBJ, STL or PLY files");
@@ -157,6 +181,7 @@ std::unique_ptr<CLI::App> MakeCommandLine(Arguments& arguments) {
   app->get_formatter()->label("SUBCOMMAND", "COMMAND");
   AddInfo(*app, arguments);
   AddDump(*app, arguments);
+  AddMeasure(*app, arguments);
   AddConvert(*app, arguments);
   app->final_callback([&arguments] { TakeConvertOutput(arguments); });
   app->footer(BuildText() + "\n\n" + ExitStatusText());

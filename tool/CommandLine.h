@@ -12,7 +12,7 @@ class App;
 // What the command says about itself: its arguments, and the tables of its man page and completions. Nothing here needs
 // the library.
 
-enum class Command { Info, Dump, Convert };
+enum class Command { Info, Dump, Measure, Convert };
 
 /// What the arguments ask for.
 struct Arguments {
@@ -70,6 +70,7 @@ inline constexpr std::array Examples = {
     Meaning{"qelvrml info models lamp.wrz", "gives a line for each scene in the folder models and one for lamp.wrz"},
     Meaning{"qelvrml info --json models >models.json", "writes the same as JSON"},
     Meaning{"qelvrml dump desk.wrl >desk.json", "writes every group, object and texture of the model"},
+    Meaning{"qelvrml measure desk.wrl", "tells size, area, volume and open edges of each group and object"},
     Meaning{"qelvrml convert desk.wrl desk.glb", "writes desk.wrl as glTF"},
     Meaning{"qelvrml convert models --to stl --into prints", "writes each scene in the folder models as STL"},
 };

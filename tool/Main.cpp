@@ -12,6 +12,7 @@
 #include "Load.h"
 #include "convert/Convert.h"
 #include "info/Info.h"
+#include "measure/MeasureScene.h"
 
 namespace {
 
@@ -28,6 +29,7 @@ int Obey(const Arguments& arguments) {
   switch (arguments.Asked) {
     case Command::Info: return TellInfo(arguments.Paths, arguments.Json);
     case Command::Dump: return TellDump(arguments.Paths.front());
+    case Command::Measure: return MeasureScene(arguments);
     case Command::Convert:
       if constexpr (QELVRML_HAS_CONVERT != 0) return Convert(arguments);
       break;

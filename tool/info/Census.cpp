@@ -15,11 +15,8 @@
 
 namespace {
 
-/// Points and faces as an object holds them; those of surfaces of revolution are computed when it is drawn.
 class PartCounter : public brixObjectVisitor {
 public:
-  explicit PartCounter(Census& census) : Counts(census) {}
-
   void Visit(const brixBox& box) override { Add(box.GetCorners().GetSize(), 6); }
   void Visit(const brixDot& /*dot*/) override { Add(1, 0); }
   void Visit(const CKelPolyface& face) override {
@@ -43,6 +40,8 @@ public:
     Add(strips.GetPoints().GetSize(), faces);
   }
 
+  PartCounts Counts;
+
 private:
   static std::size_t Triangles(std::size_t pointsOfAStrip) { return pointsOfAStrip > 2 ? pointsOfAStrip - 2 : 0; }
 
@@ -50,18 +49,17 @@ private:
     Counts.Points += points;
     Counts.Faces += faces;
   }
-
-  Census& Counts;
 };
 
 using ClassCounts = std::map<const char*, std::uint64_t>;  // by the pointers that GetClassName gives
 
 void CountGroup(const brixBaseGroup& group, const CKelTextureManager* textures, Census& census, ClassCounts& classes) {
-  PartCounter counter(census);
   for (int i = 0; i < group.GetNumObjects(); ++i) {
     const brixBaseObject& object = *group.GetObjectAt(i);
     ++classes[object.GetClassName()];
-    object.Accept(counter);
+    const PartCounts parts = CountParts(object);
+    census.Points += parts.Points;
+    census.Faces += parts.Faces;
     census.Triangles += object.CountTriangles(0.0);
     if (textures && textures->FindTextureCoordinate(object.GetId())) ++census.Textured;
   }
@@ -70,6 +68,12 @@ void CountGroup(const brixBaseGroup& group, const CKelTextureManager* textures, 
 }
 
 }  // namespace
+
+PartCounts CountParts(const brixBaseObject& object) {
+  PartCounter counter;
+  object.Accept(counter);
+  return counter.Counts;
+}
 
 Census CountModel(const CKelWorld& world) {
   Census census;

@@ -17,5 +17,12 @@ struct Census {
   std::uint64_t Textured = 0;  ///< objects that have a texture
 };
 
+/// Points and faces as an object holds them. Surfaces of revolution hold none: theirs are computed when they are drawn.
+struct PartCounts {
+  std::uint64_t Points = 0;
+  std::uint64_t Faces = 0;
+};
+
+PartCounts CountParts(const brixBaseObject& object);
 /// Counts without evaluating anything: triangles come from the classes.
 Census CountModel(const CKelWorld& world);
