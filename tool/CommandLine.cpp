@@ -13,6 +13,7 @@ struct OptionalCommand {
 
 constexpr std::array OptionalCommands = {
     OptionalCommand{"convert", "QELVRML_CONVERT", QELVRML_HAS_CONVERT != 0},
+    OptionalCommand{"picture", "QELVRML_PICTURE", QELVRML_HAS_PICTURE != 0},
 };
 
 std::string ExitStatusText() {
@@ -82,6 +83,18 @@ void AddTolerance(CLI::App& command, Arguments& arguments, const std::string& ot
 
 void AddForce(CLI::App& command, Arguments& arguments) {
   command.add_flag("--force", arguments.Force, "Replace files that are there already");
+}
+
+// An option whose word `take` reads.
+void AddWord(CLI::App& command, PictureOptions& options, const char* name, const char* type, const char* description,
+             bool (*take)(const std::string&, PictureOptions&)) {
+  command
+      .add_option_function<std::string>(
+          name, [](const std::string& /*word*/) {}, description)
+      ->type_name(type)
+      ->check([&options, take](const std::string& word) {
+        return take(word, options) ? std::string() : "can't be \"" + word + "\"";
+      });
 }
 
 void AddInfo(CLI::App& app, Arguments& arguments) {
@@ -156,6 +169,29 @@ void AddConvert(CLI::App& app, Arguments& arguments) {
       "PLY triangles and points with colours. Those three keep the unit that was found.");
 }
 
+void AddPicture(CLI::App& app, Arguments& arguments) {
+  CLI::App& picture = AddCommand(app, arguments, Command::Picture, "picture", "Make a picture of a scene");
+  AddScene(picture, arguments);
+  picture.add_option("PICTURE", arguments.Output, "The PNG file to write")->required()->option_text(" ");
+  AddWord(picture, arguments.Picture, "--size", "WxH", "Width and height in pixels; 1200x900 unless given", TakeSize);
+  AddWord(picture, arguments.Picture, "--direction", "FROM",
+          "Where the eye is: front, back, left, right, top, bottom, corner or X,Y,Z; corner unless given",
+          TakeDirection);
+  AddWord(picture, arguments.Picture, "--background", "COLOUR",
+          "white, black, transparent or #RRGGBB; white unless given", TakeBackground);
+  AddTolerance(picture, arguments, "a 500th");
+  AddForce(picture, arguments);
+  picture.footer(
+      "The scene fills the picture, with a margin. Along one of its axes the view is\n"
+      "parallel, so that sizes compare; else it is in perspective. Up is +Y, from the\n"
+      "top -Z and from the bottom +Z. The light comes from the upper left of the eye\n"
+      "and falls on both sides of surfaces; none falls on lines and dots, which are\n"
+      "drawn darker or brighter where they'd hardly differ from the background. Black\n"
+      "surfaces are a little brighter, so that their form is seen.\n"
+      "\n"
+      "There need be no display and no graphics card.");
+}
+
 // Without --to the last of the paths is the file to write.
 void TakeConvertOutput(Arguments& arguments) {
   if (arguments.Asked != Command::Convert) return;
@@ -183,6 +219,7 @@ std::unique_ptr<CLI::App> MakeCommandLine(Arguments& arguments) {
   AddDump(*app, arguments);
   AddMeasure(*app, arguments);
   AddConvert(*app, arguments);
+  AddPicture(*app, arguments);
   app->final_callback([&arguments] { TakeConvertOutput(arguments); });
   app->footer(BuildText() + "\n\n" + ExitStatusText());
   return app;

@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "picture/PictureOptions.h"
+
 namespace CLI {
 class App;
 }
@@ -12,7 +14,7 @@ class App;
 // What the command says about itself: its arguments, and the tables of its man page and completions. Nothing here needs
 // the library.
 
-enum class Command { Info, Dump, Measure, Convert };
+enum class Command { Info, Dump, Measure, Convert, Picture };
 
 /// What the arguments ask for.
 struct Arguments {
@@ -24,6 +26,7 @@ struct Arguments {
   std::string Format;      ///< ending of the files to be written, such as "glb"; empty to go by that of Output
   std::string Folder;      ///< where these files go
   bool Force = false;      ///< files that are there are replaced
+  PictureOptions Picture;
 };
 
 /// The sub-commands and options of the command; parsing fills `arguments`, which has to live as long.
@@ -73,11 +76,14 @@ inline constexpr std::array Examples = {
     Meaning{"qelvrml measure desk.wrl", "tells size, area, volume and open edges of each group and object"},
     Meaning{"qelvrml convert desk.wrl desk.glb", "writes desk.wrl as glTF"},
     Meaning{"qelvrml convert models --to stl --into prints", "writes each scene in the folder models as STL"},
+    Meaning{"qelvrml picture desk.wrl desk.png --size 800x600", "makes a picture of desk.wrl"},
 };
 
 /// The words that an option takes, for completions; other words may do as well.
 inline constexpr std::array OptionWords = {
     Meaning{"--to", "glb gltf obj stl ply"},
+    Meaning{"--direction", "front back left right top bottom corner"},
+    Meaning{"--background", "white black transparent"},
 };
 
 /// Endings of the files that convert writes.

@@ -13,6 +13,7 @@
 #include "convert/Convert.h"
 #include "info/Info.h"
 #include "measure/MeasureScene.h"
+#include "picture/Picture.h"
 
 namespace {
 
@@ -32,6 +33,9 @@ int Obey(const Arguments& arguments) {
     case Command::Measure: return MeasureScene(arguments);
     case Command::Convert:
       if constexpr (QELVRML_HAS_CONVERT != 0) return Convert(arguments);
+      break;
+    case Command::Picture:
+      if constexpr (QELVRML_HAS_PICTURE != 0) return MakePicture(arguments);
       break;
   }
   return StatusInternalError;
