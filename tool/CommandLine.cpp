@@ -13,6 +13,7 @@ struct OptionalCommand {
 
 constexpr std::array OptionalCommands = {
     OptionalCommand{"convert", "QELVRML_CONVERT", QELVRML_HAS_CONVERT != 0},
+    OptionalCommand{"view", "QELVRML_VIEWER", QELVRML_HAS_VIEW != 0},
     OptionalCommand{"picture", "QELVRML_PICTURE", QELVRML_HAS_PICTURE != 0},
 };
 
@@ -169,6 +170,16 @@ void AddConvert(CLI::App& app, Arguments& arguments) {
       "PLY triangles and points with colours. Those three keep the unit that was found.");
 }
 
+void AddView(CLI::App& app, Arguments& arguments) {
+  CLI::App& view = AddCommand(app, arguments, Command::View, "view", "Make a page that shows a scene in a browser");
+  AddScene(view, arguments);
+  view.add_option("-o,--output", arguments.Output, "The page; FILE with the ending .html, in this folder, unless given")
+      ->type_name("PAGE");
+  AddTolerance(view, arguments, "a 100th");
+  AddForce(view, arguments);
+  view.footer("The page is one file that needs no network.");
+}
+
 void AddPicture(CLI::App& app, Arguments& arguments) {
   CLI::App& picture = AddCommand(app, arguments, Command::Picture, "picture", "Make a picture of a scene");
   AddScene(picture, arguments);
@@ -219,6 +230,7 @@ std::unique_ptr<CLI::App> MakeCommandLine(Arguments& arguments) {
   AddDump(*app, arguments);
   AddMeasure(*app, arguments);
   AddConvert(*app, arguments);
+  AddView(*app, arguments);
   AddPicture(*app, arguments);
   app->final_callback([&arguments] { TakeConvertOutput(arguments); });
   app->footer(BuildText() + "\n\n" + ExitStatusText());

@@ -14,7 +14,7 @@ class App;
 // What the command says about itself: its arguments, and the tables of its man page and completions. Nothing here needs
 // the library.
 
-enum class Command { Info, Dump, Measure, Convert, Picture };
+enum class Command { Info, Dump, Measure, Convert, View, Picture };
 
 /// What the arguments ask for.
 struct Arguments {
@@ -76,6 +76,7 @@ inline constexpr std::array Examples = {
     Meaning{"qelvrml measure desk.wrl", "tells size, area, volume and open edges of each group and object"},
     Meaning{"qelvrml convert desk.wrl desk.glb", "writes desk.wrl as glTF"},
     Meaning{"qelvrml convert models --to stl --into prints", "writes each scene in the folder models as STL"},
+    Meaning{"qelvrml view desk.wrl -o desk.html", "makes a page that shows desk.wrl in a browser"},
     Meaning{"qelvrml picture desk.wrl desk.png --size 800x600", "makes a picture of desk.wrl"},
 };
 

@@ -14,6 +14,7 @@
 #include "info/Info.h"
 #include "measure/MeasureScene.h"
 #include "picture/Picture.h"
+#include "view/View.h"
 
 namespace {
 
@@ -33,6 +34,9 @@ int Obey(const Arguments& arguments) {
     case Command::Measure: return MeasureScene(arguments);
     case Command::Convert:
       if constexpr (QELVRML_HAS_CONVERT != 0) return Convert(arguments);
+      break;
+    case Command::View:
+      if constexpr (QELVRML_HAS_VIEW != 0) return View(arguments);
       break;
     case Command::Picture:
       if constexpr (QELVRML_HAS_PICTURE != 0) return MakePicture(arguments);

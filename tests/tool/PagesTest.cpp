@@ -25,8 +25,8 @@ std::set<std::string> WordsOfHelp(const std::string& arguments) {
 
 TEST(Pages, NameEachCommandAndOption) {
   const std::set<std::string> words = WordsOfHelp("");
-  EXPECT_EQ(words,
-            (std::set<std::string>{"-h", "--help", "--version", "info", "dump", "measure", "convert", "picture"}));
+  EXPECT_EQ(words, (std::set<std::string>{"-h", "--help", "--version", "info", "dump", "measure", "convert", "view",
+                                          "picture"}));
   std::set<std::string> all = words;
   for (const std::string& command : words) {
     if (command.starts_with("-")) continue;
@@ -34,7 +34,7 @@ TEST(Pages, NameEachCommandAndOption) {
     EXPECT_TRUE(options.contains("--help")) << command;
     all.insert(options.begin(), options.end());
   }
-  for (const char* option : {"--json", "--into"}) EXPECT_TRUE(all.contains(option)) << option;
+  for (const char* option : {"--json", "--into", "--output"}) EXPECT_TRUE(all.contains(option)) << option;
   for (const char* page : {"/qelvrml.1", "/qelvrml.bash", "/_qelvrml"}) {
     const std::string text = std::regex_replace(ReadWholeFile(Pages + page), std::regex(R"(\\-)"), "-");
     for (const std::string& word : all) {
