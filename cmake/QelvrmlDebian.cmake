@@ -50,10 +50,13 @@ qelvrml_debian_package(development libqelvrml-dev libdevel "loader of VRML 1.0 a
   "${QELVRML_DEBIAN_TEXT}This package holds what programs are built with: the headers, and files for
 CMake and pkg-config that tell where the library is."
   "${QELVRML_LIBRARY_PACKAGE} (= ${QELVRML_DEBIAN_VERSION})")
-qelvrml_debian_package(tool qelvrml graphics "shows what a VRML file holds"
-  "${QELVRML_DEBIAN_TEXT}This package holds the command, which prints figures of a scene for people, or
-the model as JSON."
+qelvrml_debian_package(tool qelvrml graphics "shows, measures and converts VRML files"
+  "${QELVRML_DEBIAN_TEXT}This package holds the command, which tells what a scene holds, measures it,
+makes pictures of it and pages that show it in a browser, and converts it to
+glTF, OBJ, STL or PLY."
   "${QELVRML_LIBRARY_PACKAGE} (>= ${PROJECT_VERSION})")
+# Drivers that draw pictures without a display.
+set(CPACK_DEBIAN_TOOL_PACKAGE_RECOMMENDS "libegl-mesa0, libgl1-mesa-dri")
 qelvrml_debian_package(documentation qelvrml-doc doc "loader of VRML 1.0 and 2.0 scenes, documentation"
   "${QELVRML_DEBIAN_TEXT}This package holds pages about the library, and an example of a host.")
 

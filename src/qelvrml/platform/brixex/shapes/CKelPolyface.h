@@ -23,9 +23,9 @@ public:
   /// The same; the last two arguments have no effect.
   virtual void ApplyMatrixToGeometry(const brixMatrix4x4& matrix, brixBool updateBox, bool recompute);
   brixBBox ComputeBBox() const override;
-  /// Each face has points of its own with the face's normal, by Newell's method. An index without a point is left out,
-  /// and so is a face of fewer than three points. Where lines of a face cross, its triangles are a fan about its first
-  /// point.
+  /// Each face has points of its own, its corners in their order, one face after the other; their normals are that of
+  /// the face, by Newell's method. An index without a point is left out, and so is a face of fewer than three points.
+  /// Where lines of a face cross, its triangles are a fan about its first point.
   brixEReturn Evaluate(double chordTolerance, brixEvaluation& result) const override;
   std::size_t CountTriangles(double chordTolerance) const override;
 
