@@ -1,12 +1,11 @@
 #include "Output.h"
 
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
+#include <atomic>
 #include <cerrno>
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <system_error>
@@ -27,9 +26,16 @@ std::string Failure(const std::string& path, const std::string& why) {
 class PartialFile {
 public:
   explicit PartialFile(const std::string& path) : Target(path) {
+    constexpr int MostTries = 100;
+    static std::atomic<unsigned> next = 0;
     const fs::path folder = fs::path(path).parent_path();
-    Path = (folder / ".qelvrml-XXXXXX").string();
-    Descriptor = mkstemp(Path.data());
+    const std::string start = ".qelvrml-" + std::to_string(getpid()) + "-";
+    // The mode that any new file has; the umask of the process isn't touched, since other threads write files, too.
+    for (int i = 0; i < MostTries && Descriptor < 0; ++i) {
+      Path = (folder / (start + std::to_string(next++))).string();
+      Descriptor = open(Path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+      if (Descriptor < 0 && errno != EEXIST) break;
+    }
     if (Descriptor < 0) Path.clear();
   }
   PartialFile(PartialFile&& other) noexcept
@@ -52,7 +58,7 @@ public:
       if (written < 0) return false;
       bytes.remove_prefix(static_cast<std::size_t>(written));
     }
-    return Descriptor >= 0 && AllowAsUsual() && close(std::exchange(Descriptor, -1)) == 0;
+    return Descriptor >= 0 && close(std::exchange(Descriptor, -1)) == 0;
   }
   bool Rename(Existing existing) {
     if (existing == Existing::Replace) {
@@ -70,16 +76,8 @@ public:
     }
     return Rename(Existing::Replace);  // a file system without links
   }
-  const std::string& GetTarget() const { return Target; }
 
 private:
-  // mkstemp lets nobody else read the file.
-  bool AllowAsUsual() const {
-    const mode_t mask = umask(0);
-    umask(mask);
-    return fchmod(Descriptor, 0666 & ~mask) == 0;
-  }
-
   std::string Target;
   std::string Path;
   int Descriptor = -1;

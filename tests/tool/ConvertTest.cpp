@@ -301,6 +301,8 @@ TEST(Convert, LeavesFilesAloneUnlessForced) {
   EXPECT_EQ(RunTool("convert --force " + scene + target).Status, 0);
   EXPECT_EQ(ReadWholeFile(target).substr(0, 4), "glTF");
   EXPECT_EQ(RunShell("stat -c %A " + target + " | cut -c 8").Out, "r\n") << "others may read it";
+  EXPECT_EQ(RunTool("convert --force " + scene + target, "umask 077; ").Status, 0);
+  EXPECT_EQ(RunShell("stat -c %A " + target).Out, "-rw-------\n") << "unless they may read nothing";
   EXPECT_EQ(count(), 3);
 }
 
