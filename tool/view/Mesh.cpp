@@ -5,6 +5,8 @@
 #include <cstddef>
 #include <unordered_map>
 
+#include "scene/Vector3.h"
+
 namespace {
 
 struct MeshPointHash {
@@ -18,22 +20,6 @@ struct MeshPointHash {
     return hash ^ hash >> 32U;
   }
 };
-
-struct Direction {
-  double X;
-  double Y;
-  double Z;
-};
-
-Direction NormalOfPlane(const brixFloatPoint& a, const brixFloatPoint& b, const brixFloatPoint& c) {
-  const auto minus = [](const brixFloatPoint& to, const brixFloatPoint& from) {
-    return Direction{static_cast<double>(to.x) - from.x, static_cast<double>(to.y) - from.y,
-                     static_cast<double>(to.z) - from.z};
-  };
-  const Direction u = minus(b, a);
-  const Direction v = minus(c, a);
-  return {u.Y * v.Z - u.Z * v.Y, u.Z * v.X - u.X * v.Z, u.X * v.Y - u.Y * v.X};
-}
 
 std::uint32_t BitsOf(float value) { return std::bit_cast<std::uint32_t>(value == 0.0F ? 0.0F : value); }
 
@@ -67,12 +53,12 @@ bool IsFacetted(const Shape& shape) {
   constexpr double LeastCosine = 0.99995;  // half a degree, which nobody sees
   for (std::size_t i = 0; i + 2 < shape.Triangles.size(); i += 3) {
     const auto corner = [&](std::size_t j) { return shape.Triangles[i + j]; };
-    const Direction plane = NormalOfPlane(shape.Points[corner(0)], shape.Points[corner(1)], shape.Points[corner(2)]);
-    const double length = std::hypot(plane.X, plane.Y, plane.Z);
+    const auto place = [&](std::size_t j) { return ToVector(shape.Points[corner(j)]); };
+    const Vector3 plane = Cross(place(1) - place(0), place(2) - place(0));
+    const double length = Length(plane);
     for (std::size_t j = 0; j < 3; ++j) {
       const brixVector& normal = shape.Normals[corner(j)];
-      const double along = plane.X * normal.x + plane.Y * normal.y + plane.Z * normal.z;
-      if (along < LeastCosine * length) return false;
+      if (Dot(plane, {normal.x, normal.y, normal.z}) < LeastCosine * length) return false;
     }
   }
   return true;
